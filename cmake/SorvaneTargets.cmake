@@ -1,0 +1,47 @@
+# What all targets of the project share: warnings, sanitizers, floors and tests.
+
+set(SORVANE_WARNINGS -Wall -Wextra -Wpedantic -Wshadow -Wold-style-cast -Wnon-virtual-dtor -Wvla -Werror)
+if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+  # These three are guesses of GCC 12's optimizer, wrong about plain strings and std::optional. Clang,
+  # clang-tidy and the sanitizers look for the same faults.
+  list(APPEND SORVANE_WARNINGS -Wno-restrict -Wno-maybe-uninitialized -Wno-stringop-overflow)
+endif()
+
+# Where the copyable program folder is put together.
+set(SORVANE_PROGRAM_FOLDER ${CMAKE_BINARY_DIR}/Sorvane)
+file(MAKE_DIRECTORY ${SORVANE_PROGRAM_FOLDER})
+
+function(sorvane_common target)
+  target_compile_options(${target} PRIVATE ${SORVANE_WARNINGS})
+  if(SORVANE_SANITIZE)
+    set(sanitize -fsanitize=address,undefined,float-cast-overflow -fno-sanitize-recover=all
+                 -fno-omit-frame-pointer)
+    target_compile_options(${target} PRIVATE ${sanitize})
+    target_link_options(${target} PRIVATE ${sanitize})
+  endif()
+endfunction()
+
+# Gives a floor an include root of its own, which holds nothing but "<floor>/...": a floor sees the
+# headers of those floors that it links, and a wrong include fails to build.
+function(sorvane_floor floor)
+  cmake_parse_arguments(ARG "" "" "SOURCES" ${ARGN})
+  set(root ${CMAKE_BINARY_DIR}/floors/${floor})
+  file(MAKE_DIRECTORY ${root})
+  file(CREATE_LINK ${CMAKE_CURRENT_SOURCE_DIR} ${root}/${floor} SYMBOLIC)
+  add_library(sorvane_${floor} STATIC ${ARG_SOURCES})
+  target_include_directories(sorvane_${floor} PUBLIC ${root})
+  sorvane_common(sorvane_${floor})
+endfunction()
+
+# A test program with GoogleTest cases. Each case becomes a test of CTest; no cases at all is an
+# error of the build. Cases with widgets run on Qt's offscreen platform.
+function(sorvane_test name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LIBRARIES" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
+  target_link_libraries(${name} PRIVATE ${ARG_LIBRARIES} GTest::gmock GTest::gtest)
+  sorvane_common(${name})
+  add_test(NAME ${name} COMMAND ${name})
+  set_tests_properties(${name} PROPERTIES TIMEOUT 300
+    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;ASAN_OPTIONS=detect_leaks=0")
+endfunction()

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <stdexcept>
+
+namespace sorvane::simulator {
+
+// What a person typed can't be obeyed; the message is one line for that person.
+class CommandError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+}  // namespace sorvane::simulator

@@ -1,0 +1,100 @@
+#include "board/index_file.h"
+
+#include <fstream>
+#include <iterator>
+
+#include "board/errors.h"
+#include "board/numbers.h"
+
+namespace sorvane {
+namespace {
+
+// The last width digits of number, filled with zeros from the left.
+std::string LastDigits(int number, std::size_t width) {
+  const std::string digits = std::string(width, '0') + std::to_string(number);
+  return digits.substr(digits.size() - width);
+}
+
+ParameterRecord ToParameterRecord(const IndexRecord& from) {
+  ParameterRecord record;
+  record.At(position::kAddress3) = from.address3;
+  record.At(position::kAddress2) = from.address2;
+  record.At(position::kCommand) = from.command;
+  record.At(position::kDivider) = from.divider;
+  record.At(position::kAddress1) = from.address1;
+  int at = position::kValue;
+  for (const uint8_t byte : from.default_value) record.At(at++) = byte;
+  for (; at <= ParameterRecord::kPositions; ++at) record.At(at) = ' ';
+  return record;
+}
+
+SystemRecord ToSystemRecord(const IndexRecord& from) {
+  SystemRecord record;
+  record.At(position::kAddress3) = from.address3;
+  record.At(position::kAddress2) = from.address2;
+  record.At(position::kCommand) = from.command;
+  record.At(position::kDivider) = from.divider;
+  record.At(position::kAddress1) = from.address1;
+  return record;
+}
+
+// Counts one more record of the table that is being loaded and returns its index.
+int16_t CountRecord(BoardTables& tables) {
+  int16_t& count = tables.RecordCount(tables.BoardIndex);
+  count = ToInt16(count + 1);
+  return count;
+}
+
+}  // namespace
+
+std::string FirstLevelName(int16_t type) { return "W" + LastDigits(type, 4) + ".inx"; }
+
+std::string SecondLevelName(int16_t type, int16_t software, int16_t revision) {
+  const char letter = static_cast<char>(ToByte('A' + software));
+  return "W" + LastDigits(type, 4) + "A" + letter + LastDigits(revision, 2) + ".inx";
+}
+
+std::vector<IndexRecord> ReadIndexFile(const std::filesystem::path& file, int record_size) {
+  std::ifstream in(file, std::ios::binary);
+  if (!in || !std::filesystem::is_regular_file(file)) {
+    throw RuntimeError(ErrorCode::kFileNotFound);
+  }
+  const std::vector<char> bytes{std::istreambuf_iterator<char>(in), {}};
+  const std::size_t size = static_cast<std::size_t>(record_size);
+
+  std::vector<IndexRecord> records;
+  for (std::size_t start = 0; start + size <= bytes.size(); start += size) {
+    const auto byte = [&](std::size_t offset) {
+      return static_cast<uint8_t>(bytes[start + offset]);
+    };
+    IndexRecord record{byte(0), byte(1), byte(2), byte(3), byte(4), {}};
+    for (std::size_t i = kFirstLevelSize; i < size; ++i) {
+      record.default_value[i - kFirstLevelSize] = byte(i);
+    }
+    records.push_back(record);
+  }
+  return records;
+}
+
+void LoadFirstLevel(BoardTables& tables, const std::filesystem::path& folder) {
+  const auto records =
+      ReadIndexFile(folder / FirstLevelName(tables.BoardTypeNumber), kFirstLevelSize);
+  tables.RecordCount(tables.BoardIndex) = 0;
+  for (const IndexRecord& record : records) {
+    const int16_t index = CountRecord(tables);
+    tables.SystemTable(index, tables.BoardIndex) = ToSystemRecord(record);
+  }
+}
+
+void LoadSecondLevel(BoardTables& tables, const std::filesystem::path& folder, std::string& name) {
+  if (!tables.BoardPresent(tables.BoardIndex)) return;
+  name = SecondLevelName(tables.IndexType, tables.IndexSoftware, tables.IndexRevision);
+  const auto records = ReadIndexFile(folder / name, kSecondLevelSize);
+  tables.RecordCount(tables.BoardIndex) = 0;
+  for (const IndexRecord& record : records) {
+    const int16_t index = CountRecord(tables);
+    tables.ParameterTable(index, tables.BoardIndex) = ToParameterRecord(record);
+  }
+}
+
+}  // namespace sorvane

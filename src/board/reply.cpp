@@ -1,0 +1,16 @@
+#include "board/reply.h"
+
+namespace sorvane {
+
+double Reply::Number() const {
+  double sum = 0;
+  double weight = 1;
+  for (std::size_t k = 0; k <= size && k < bytes.size(); ++k, weight *= 256) {
+    sum += bytes[k] * weight;
+  }
+  return sum;
+}
+
+std::string Reply::Text() const { return {bytes.begin(), bytes.end()}; }
+
+}  // namespace sorvane

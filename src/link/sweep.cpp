@@ -1,0 +1,88 @@
+#include "link/sweep.h"
+
+#include <algorithm>
+
+#include "board/errors.h"
+
+namespace sorvane {
+namespace {
+
+constexpr uint8_t kPassesToWait = 240;  // the high nibble of a divider
+constexpr uint8_t kOnePass = 16;
+constexpr uint8_t kReload = 17;  // times a digit: the digit in both nibbles
+constexpr uint8_t kWriteCommand = 128;
+
+}  // namespace
+
+void Sweep::SweepStep() {
+  do {
+    ParameterRecord& record = tables_.ParameterTable(state_.SweepPosition, tables_.BoardIndex);
+    if ((record.At(position::kFlags) & flag::kPolled) == 0) continue;
+    uint8_t& divider = record.At(position::kDivider);
+    if ((divider & kPassesToWait) != 0) {
+      divider = static_cast<uint8_t>(divider - kOnePass);
+      continue;
+    }
+    divider = static_cast<uint8_t>(divider * kReload);
+    Send(record);
+    return;
+  } while (++state_.SweepPosition < tables_.RecordCount(tables_.BoardIndex));
+  state_.SweepPosition = 0;
+  tables_.BoardIndex = 0;
+}
+
+void Sweep::Send(ParameterRecord& record) {
+  uint8_t command = record.At(position::kCommand);
+  const int size = command & kSizeMask;
+  state_.ExchangeValue.clear();
+  for (int i = 0; i <= size; ++i) {
+    state_.ExchangeValue.push_back(record.At(position::kValue + i));
+  }
+  uint8_t& flags = record.At(position::kFlags);
+  if ((flags & flag::kWritePending) != 0) {
+    command |= kWriteCommand;
+    flags = static_cast<uint8_t>(flags & ~flag::kWritePending);
+  }
+  state_.ExchangeAddress1 = record.At(position::kAddress1);
+  state_.ExchangeCommand = command;
+  state_.ExchangeAddress2 = record.At(position::kAddress2);
+  state_.ExchangeAddress3 = record.At(position::kAddress3);
+  state_.ExchangeSize = static_cast<uint8_t>(size);
+  send_frame();
+}
+
+void Sweep::StoreReply() {
+  ParameterRecord& record = tables_.ParameterTable(state_.SweepPosition, tables_.BoardIndex);
+  if (StoreInRecord(record)) {
+    reply_notice(Reply{state_.SweepPosition, state_.ExchangeSize, state_.ReplyValue});
+  }
+  ++state_.SweepPosition;
+  if (state_.SweepPosition == tables_.RecordCount(tables_.BoardIndex)) {
+    state_.SweepPosition = 0;
+    tables_.BoardIndex = 0;
+  }
+  state_.LinkIdle = true;
+}
+
+bool Sweep::StoreInRecord(ParameterRecord& record) const {
+  uint8_t flags = record.At(position::kFlags);
+  if ((flags & flag::kPolled) == 0 || state_.ReplyValue.empty()) return false;
+  flags |= flag::kFresh;
+  if ((flags & flag::kReadOnce) != 0) flags = static_cast<uint8_t>(flags & ~flag::kPolled);
+  if ((flags & flag::kWatched) == 0) {
+    throw InternalFault("a reply landed on a record that nobody watched");
+  }
+  // Without a divider this was the record's only read.
+  if (record.At(position::kDivider) == 0) flags = static_cast<uint8_t>(flags & ~flag::kPolled);
+  record.At(position::kFlags) = flags;
+
+  Bytes value = state_.ReplyValue;
+  value.insert(value.end(), 3, 0);
+  const std::size_t length = std::min<std::size_t>(value.size(), state_.ExchangeSize + 1U);
+  for (std::size_t i = 0; i < length; ++i) {
+    record.At(position::kValue + static_cast<int>(i)) = value[i];
+  }
+  return true;
+}
+
+}  // namespace sorvane

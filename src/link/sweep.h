@@ -1,0 +1,40 @@
+#pragma once
+
+#include <functional>
+
+#include "board/board_tables.h"
+#include "board/reply.h"
+#include "link/link_state.h"
+
+namespace sorvane {
+
+// Walks over the parameter table and turns its marks into one exchange at a time.
+class Sweep {
+ public:
+  Sweep(LinkState& state, BoardTables& tables) : state_(state), tables_(tables) {}
+
+  // Sends the frame that the exchange values describe.
+  std::function<void()> send_frame;
+  // Tells every open page.
+  std::function<void(const Reply&)> reply_notice;
+
+  // Walks on to the next record that is due and sends it, or to the end of the table. The tick
+  // calls it while the line is free. The record that the walk stopped at stays the current one
+  // until StoreReply moves on. The file's last record is never reached.
+  void SweepStep();
+
+  // Ends an exchange: lays ReplyValue into the current record and tells the pages, moves on, and
+  // frees the line. An empty ReplyValue stores nothing. Throws InternalFault for a reply on a
+  // polled record that no page ever watched or wrote.
+  void StoreReply();
+
+ private:
+  // Fills the exchange values from the record and sends it.
+  void Send(ParameterRecord& record);
+  bool StoreInRecord(ParameterRecord& record) const;
+
+  LinkState& state_;
+  BoardTables& tables_;
+};
+
+}  // namespace sorvane

@@ -1,0 +1,29 @@
+#include "board/reply.h"
+
+#include <gtest/gtest.h>
+
+namespace sorvane {
+namespace {
+
+TEST(ReplyValue, IsANumberOfItsBytesLeastSignificantFirst) {
+  EXPECT_EQ((Reply{22, 1, {44, 1}}.Number()), 300);
+  EXPECT_EQ((Reply{9, 3, {255, 255, 255, 255}}.Number()), 4294967295.0);
+}
+
+TEST(ReplyValue, CountsMissingBytesAsZeroAndNoneBehindItsSize) {
+  EXPECT_EQ((Reply{22, 1, {44}}.Number()), 44);
+  EXPECT_EQ((Reply{22, 0, {44, 1}}.Number()), 44);
+}
+
+TEST(ReplyValue, IsATextFromFiveBytesOn) {
+  EXPECT_FALSE((Reply{12, 3, {}}.IsText()));
+  EXPECT_TRUE((Reply{12, 4, {}}.IsText()));
+}
+
+TEST(ReplyValue, KeepsEveryByteOfAText) {
+  const Reply reply{12, 5, {'I', 't', 0, 233, ' ', 255}};
+  EXPECT_EQ(reply.Text(), std::string("It\0\xE9 \xFF", 6));
+}
+
+}  // namespace
+}  // namespace sorvane

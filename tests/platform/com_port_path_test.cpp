@@ -1,0 +1,51 @@
+#include "platform/com_port_path.h"
+
+#include <gtest/gtest.h>
+
+#include "support/index_files.h"
+
+namespace sorvane::test {
+namespace {
+
+class ComPortPathTest : public ::testing::Test {
+ protected:
+  void Link(const std::filesystem::path& target, const std::string& name) {
+    std::filesystem::create_symlink(target, folder_.Path() / name);
+  }
+
+  TempFolder folder_;
+};
+
+TEST_F(ComPortPathTest, TheLinkInTheFolderLeadsToTheDevice) {
+  Link("/dev/null", "COM1");
+  EXPECT_EQ(ComPortPath(folder_.Path(), 1), "/dev/null");
+}
+
+TEST_F(ComPortPathTest, ALinkToALinkIsResolved) {
+  Link("/dev/null", "first");
+  Link("first", "COM1");
+  EXPECT_EQ(ComPortPath(folder_.Path(), 1), "/dev/null");
+}
+
+TEST_F(ComPortPathTest, WithoutALinkItIsTheComputersOwnPort) {
+  EXPECT_EQ(ComPortPath(folder_.Path(), 1), "/dev/ttyS0");
+}
+
+TEST_F(ComPortPathTest, AFileIsNoLink) {
+  folder_.WriteFile("COM1", {});
+  EXPECT_EQ(ComPortPath(folder_.Path(), 1), "/dev/ttyS0");
+}
+
+TEST_F(ComPortPathTest, ALinkThatLeadsNowhereDoesNotFallBackOnTheComputersPort) {
+  Link("/dev/pts/missing", "COM1");
+  EXPECT_EQ(ComPortPath(folder_.Path(), 1), folder_.Path() / "COM1");
+}
+
+TEST_F(ComPortPathTest, AFolderRelativeToTheCurrentOneGivesAnAbsolutePath) {
+  Link("missing", "COM1");
+  const std::filesystem::path relative = std::filesystem::relative(folder_.Path());
+  EXPECT_TRUE(ComPortPath(relative, 1).is_absolute());
+}
+
+}  // namespace
+}  // namespace sorvane::test

@@ -1,0 +1,246 @@
+#include <gtest/gtest.h>
+
+#include "platform/serial_port_fixture.h"
+
+namespace sorvane::test {
+namespace {
+
+Bytes AllBytes() {
+  Bytes bytes;
+  for (int byte = 0; byte < 256; ++byte) bytes.push_back(static_cast<uint8_t>(byte));
+  return bytes;
+}
+
+TEST_F(SerialPortTest, IsClosedAtFirst) {
+  EXPECT_FALSE(port_->PortOpen());
+  EXPECT_EQ(port_->InBufferCount(), 0U);
+  EXPECT_EQ(port_->Input(), Bytes());
+}
+
+TEST_F(SerialPortTest, IsOpenBetweenOpenAndClose) {
+  port_->Open();
+  EXPECT_TRUE(port_->PortOpen());
+  port_->Close();
+  EXPECT_FALSE(port_->PortOpen());
+}
+
+TEST_F(SerialPortTest, AMissingDeviceCannotBeOpened) {
+  LinkTo("/dev/pts/missing");
+  EXPECT_EQ(ErrorOfOpen(), ErrorCode::kPort);
+  EXPECT_FALSE(port_->PortOpen());
+}
+
+TEST_F(SerialPortTest, AFileThatIsNoTerminalCannotBeOpened) {
+  folder_.WriteFile("file", {});
+  LinkTo("file");
+  EXPECT_EQ(ErrorOfOpen(), ErrorCode::kPort);
+}
+
+TEST_F(SerialPortTest, AnOpenPortCannotBeOpened) {
+  port_->Open();
+  EXPECT_EQ(ErrorOfOpen(), ErrorCode::kPort);
+  EXPECT_TRUE(port_->PortOpen());
+}
+
+TEST_F(SerialPortTest, AnOpenPortKeepsItsNumber) {
+  port_->Open();
+  EXPECT_EQ(ErrorOf([&] { port_->SetCommPort(1); }), ErrorCode::kPort);
+}
+
+TEST_F(SerialPortTest, AClosedPortTakesNoOutput) {
+  EXPECT_EQ(ErrorOf([&] { port_->Output({1}); }), ErrorCode::kPort);
+}
+
+TEST_F(SerialPortTest, ClosingAClosedPortDoesNothing) {
+  port_->Close();
+  EXPECT_FALSE(port_->PortOpen());
+}
+
+TEST_F(SerialPortTest, EveryByteReachesTheProgram) {
+  TakeReceptions();
+  port_->Open();
+  line_.Send(AllBytes());
+  EXPECT_TRUE(RunUntil([&] { return received_.size() >= 256; }));
+  EXPECT_EQ(received_, AllBytes());
+}
+
+TEST_F(SerialPortTest, EveryByteReachesTheBoard) {
+  port_->Open();
+  port_->Output(AllBytes());
+  Bytes taken;
+  EXPECT_TRUE(RunUntil([&] {
+    const Bytes more = line_.Take();
+    taken.insert(taken.end(), more.begin(), more.end());
+    return taken.size() >= 256;
+  }));
+  EXPECT_EQ(taken, AllBytes());
+}
+
+TEST_F(SerialPortTest, TheReceiveBufferHolds1024Bytes) {
+  port_->Open();
+  line_.Send(Bytes(1024, 7));
+  EXPECT_TRUE(RunUntil([&] { return port_->InBufferCount() == 1024; }));
+  EXPECT_EQ(port_->Input(), Bytes(1024, 7));
+  EXPECT_EQ(port_->InBufferCount(), 0U);
+}
+
+TEST_F(SerialPortTest, BytesThatArriveTogetherAreOneEvent) {
+  TakeReceptions();
+  port_->Open();
+  line_.Send({1, 2, 3});
+  EXPECT_TRUE(RunUntil([&] { return events_ > 0; }));
+  EXPECT_EQ(events_, 1);
+  EXPECT_EQ(received_, (Bytes{1, 2, 3}));
+}
+
+TEST_F(SerialPortTest, BytesThatArriveApartAreAnEventEach) {
+  TakeReceptions();
+  port_->Open();
+  SendLast(1);
+  SendLast(2);
+  SendLast(3);
+  EXPECT_EQ(events_, 3);
+}
+
+TEST_F(SerialPortTest, AnEventTakesNoBytes) {
+  port_->on_comm = [this](int) { ++events_; };
+  port_->Open();
+  line_.Send({1, 2});
+  EXPECT_TRUE(RunUntil([&] { return events_ == 1; }));
+  line_.Send({3});
+  EXPECT_TRUE(RunUntil([&] { return events_ == 2; }));
+  EXPECT_EQ(port_->Input(), (Bytes{1, 2, 3}));
+}
+
+TEST_F(SerialPortTest, BytesThatWereTakenMeanwhileRaiseNoEvent) {
+  port_->Open();
+  TakeReceptions();
+  line_.Send({1});
+  ActBeforeTheEvent([&] { port_->Input(); });
+  SendLast(2);
+  EXPECT_EQ(received_, Bytes{2});
+  EXPECT_EQ(events_, 1);
+}
+
+TEST_F(SerialPortTest, EventsEnterThroughTheGate) {
+  TakeReceptions();
+  port_->Open();
+  SendLast(1);
+  EXPECT_EQ(entered_, 1);
+}
+
+TEST_F(SerialPortTest, NothingHappensBehindAShutGate) {
+  TakeReceptions();
+  gate_open_ = false;
+  port_->Open();
+  line_.Send({1});
+  EXPECT_TRUE(RunUntil([&] { return entered_ > 0; }));
+  EXPECT_EQ(events_, 0);
+}
+
+TEST_F(SerialPortTest, WithoutAHandlerBytesWaitInTheBuffer) {
+  port_->Open();
+  line_.Send({1});
+  EXPECT_TRUE(RunUntil([&] { return port_->InBufferCount() == 1; }));
+  line_.Send({2});
+  EXPECT_TRUE(RunUntil([&] { return port_->InBufferCount() == 2; }));
+  TakeReceptions();
+  SendLast(3);
+  EXPECT_EQ(received_, (Bytes{1, 2, 3}));
+}
+
+TEST_F(SerialPortTest, BytesFromBeforeTheOpenAreThrownAway) {
+  TakeReceptions();
+  line_.Send({1, 2, 3});
+  port_->Open();
+  SendLast(9);
+  EXPECT_EQ(received_, Bytes{9});
+}
+
+TEST_F(SerialPortTest, CloseThrowsTheReceiveBufferAway) {
+  port_->Open();
+  line_.Send({1, 2, 3});
+  EXPECT_TRUE(RunUntil([&] { return port_->InBufferCount() == 3; }));
+  port_->Close();
+  EXPECT_EQ(port_->InBufferCount(), 0U);
+  EXPECT_EQ(port_->Input(), Bytes());
+  port_->Open();
+  EXPECT_EQ(port_->InBufferCount(), 0U);
+}
+
+TEST_F(SerialPortTest, CloseThrowsAwayWhatTheProgramHasNotReadYet) {
+  port_->Open();
+  line_.Send({1, 2, 3});
+  line_.WaitForArrival();
+  port_->Close();
+  EXPECT_EQ(line_.CountArrived(), 0);
+}
+
+TEST_F(SerialPortTest, CloseThrowsUnsentOutputAway) {
+  constexpr std::size_t kMoreThanTheLineHolds = 1000000;
+  port_->Open();
+  port_->Output(Bytes(kMoreThanTheLineHolds, 1));
+  port_->Close();
+  std::size_t taken = line_.Take().size();
+  port_->Open();
+  port_->Output({2});
+  EXPECT_TRUE(RunUntil([&] {
+    const Bytes more = line_.Take();
+    taken += more.size();
+    return !more.empty() && more.back() == 2;
+  }));
+  EXPECT_LT(taken, kMoreThanTheLineHolds);
+}
+
+TEST_F(SerialPortTest, AClosedPortRaisesNoEventForBytesThatCameBefore) {
+  TakeReceptions();
+  port_->Open();
+  line_.Send({1});
+  ActBeforeTheEvent([&] { port_->Close(); });
+  port_->Open();
+  SendLast(9);
+  EXPECT_EQ(received_, Bytes{9});
+  EXPECT_EQ(events_, 1);
+}
+
+TEST_F(SerialPortTest, AReopenedPortRaisesNoEventOfItsLastOpening) {
+  TakeReceptions();
+  port_->Open();
+  line_.Send({1});
+  ActBeforeTheEvent([&] {
+    port_->Close();
+    port_->Open();
+  });
+  SendLast(9);
+  EXPECT_EQ(received_, Bytes{9});
+  EXPECT_EQ(events_, 1);
+}
+
+TEST_F(SerialPortTest, AnEventCanCloseAndOpenThePort) {
+  port_->on_comm = [this](int) {
+    port_->Close();
+    port_->Open();
+    ++events_;
+  };
+  port_->Open();
+  line_.Send({1});
+  EXPECT_TRUE(RunUntil([&] { return events_ == 1; }));
+  TakeReceptions();
+  SendLast(9);
+  EXPECT_EQ(received_, Bytes{9});
+}
+
+TEST_F(SerialPortTest, ANestedLoopInAnEventReceives) {
+  port_->on_comm = [this](int) {
+    if (++events_ > 1) return;
+    line_.Send({2});
+    EXPECT_TRUE(RunUntil([&] { return events_ == 2; }));
+  };
+  port_->Open();
+  line_.Send({1});
+  EXPECT_TRUE(RunUntil([&] { return events_ == 2; }));
+  EXPECT_EQ(port_->Input(), (Bytes{1, 2}));
+}
+
+}  // namespace
+}  // namespace sorvane::test

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <sys/types.h>
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "simulator/bytes.h"
+#include "simulator/terminal.h"
+
+namespace sorvane::simulator {
+
+// The real SorvaneBoard, started with some arguments; killed at the end if it still runs. All
+// waiting ends after ten seconds, with what has come by then.
+class BoardProcess {
+ public:
+  explicit BoardProcess(const std::vector<std::string>& arguments);
+  ~BoardProcess();
+  BoardProcess(const BoardProcess&) = delete;
+  BoardProcess& operator=(const BoardProcess&) = delete;
+
+  // The next line of its output, standard error included; "(nothing)" if none comes.
+  std::string NextLine();
+
+  // Puts a line on its standard input.
+  void Type(const std::string& line);
+
+  // Its standard input comes to an end.
+  void CloseInput() { input_.reset(); }
+
+  // Nobody reads its output any longer.
+  void CloseOutput() { output_.reset(); }
+
+  void Signal(int signal) const;
+
+  // Waits for its end: its exit code, none if it doesn't end or ends by a signal.
+  std::optional<int> Exit();
+
+ private:
+  pid_t pid_ = 0;
+  std::optional<Descriptor> input_;
+  std::optional<Descriptor> output_;
+  std::string rest_;
+  bool ended_ = false;
+};
+
+// The PC's end of the line, opened by the link's path. It leaves the terminal's mode as it is.
+class PcPort {
+ public:
+  explicit PcPort(const std::filesystem::path& link);
+
+  bool IsOpen() const { return port_.Number() >= 0; }
+  void Send(const Bytes& bytes);
+
+  // Waits for so many bytes; fewer if no more come.
+  Bytes Receive(std::size_t count);
+
+  // Waits until the device is gone.
+  bool Vanishes();
+
+ private:
+  Descriptor port_;
+};
+
+}  // namespace sorvane::simulator
