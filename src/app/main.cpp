@@ -1,0 +1,95 @@
+#include <QApplication>
+#include <QLocale>
+#include <QStyleFactory>
+#include <QTimer>
+#include <filesystem>
+#include <memory>
+#include <utility>
+
+#include "board/board_tables.h"
+#include "board/parameter_access.h"
+#include "link/frm_ser.h"
+#include "link/link_lamps.h"
+#include "pages/frm_info.h"
+#include "pages/settings/frm_sconti.h"
+#include "platform/serial_port.h"
+#include "platform/start_program.h"
+#include "platform/usb_adapter.h"
+#include "shell/crystal.h"
+#include "shell/main_frame.h"
+#include "shell/program_gate.h"
+#include "shell/qt_dialogs.h"
+#include "shell/qt_timer.h"
+#include "shell/western_text.h"
+#include "version.h"
+
+namespace {
+
+using namespace sorvane;
+
+Separators SystemSeparators() {
+  const QLocale locale = QLocale::system();
+  const std::string decimal = ToWestern(locale.decimalPoint());
+  const std::string group = ToWestern(locale.groupSeparator());
+  return {decimal.empty() ? '.' : decimal.front(), group.empty() ? ',' : group.front()};
+}
+
+template <typename Form>
+std::unique_ptr<ChildForm> Make(const PageServices& services) {
+  return std::make_unique<Form>(services);
+}
+
+std::unique_ptr<ChildForm> MakeInfo(const PageServices&) {
+  return std::make_unique<FrmInfo>(QApplication::applicationDisplayName(), kVersion);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  QApplication app(argc, argv);
+  // Not the display name: Qt would put that behind the title of every box.
+  QApplication::setApplicationName("Sorvane");
+  QApplication::setStyle(QStyleFactory::create("Fusion"));
+  QApplication::setWindowIcon(ProgramIcon());
+  // The program ends where its rules say so, not with a box that closes before the frame shows.
+  QApplication::setQuitOnLastWindowClosed(false);
+  const std::filesystem::path folder = QApplication::applicationDirPath().toStdU16String();
+
+  std::unique_ptr<QtDialogs> dialogs;
+  ProgramGate gate(
+      {.report = [&](const std::string& text,
+                     std::function<void()> then) { dialogs->Report(text, std::move(then)); },
+       .leave = [](int exit_code) { QCoreApplication::exit(exit_code); }});
+  dialogs = std::make_unique<QtDialogs>(gate);
+
+  BoardTables tables;
+  ParameterAccess access(tables);
+  LinkLamps lamps;
+  const std::unique_ptr<Port> port =
+      MakeSerialPort(folder, [&](const std::function<void()>& handler) { gate.Run(handler); });
+  FrmSer link({.tables = tables,
+               .port = *port,
+               .lamps = lamps,
+               .dialogs = *dialogs,
+               .make_timer = MakeQtTimers(gate),
+               .folder = folder,
+               .end_program = [&] { gate.End(0); }});
+
+  MainFrame frame(
+      {.gate = gate,
+       .dialogs = *dialogs,
+       .tables = tables,
+       .access = access,
+       .lamps = lamps,
+       .link = link,
+       .separators = SystemSeparators(),
+       .folder = folder,
+       .pages = {{"MnuSconti", "FrmSconti", Make<FrmSconti>}, {"mnuVer", "FrmInfo", MakeInfo}},
+       .find_usb_port = [] { return FindUsbPortLinux("/sys"); },
+       .start_program = [](const std::filesystem::path& path) { StartProgram(path); }});
+  dialogs->SetFrame(&frame);
+
+  // Start-up may end the program, which only a running event loop can do.
+  QTimer::singleShot(0, &frame, gate.Wrap([&] { frame.Load(); }));
+  return QApplication::exec();
+}

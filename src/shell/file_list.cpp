@@ -1,0 +1,64 @@
+#include "shell/file_list.h"
+
+#include <algorithm>
+#include <fstream>
+#include <iterator>
+#include <optional>
+#include <system_error>
+#include <utility>
+
+#include "board/errors.h"
+#include "shell/western_text.h"
+
+namespace sorvane {
+
+std::vector<std::string> ListFiles(const std::filesystem::path& folder,
+                                   std::string_view extension) {
+  const std::u16string folded_extension = FoldCase(extension);
+  std::error_code error;
+  std::filesystem::directory_iterator entry(folder, error);
+  std::vector<std::pair<std::u16string, std::string>> found;
+  while (!error && entry != std::filesystem::directory_iterator()) {
+    const std::optional<std::string> name = PathToWestern(entry->path().filename());
+    std::error_code unknown;
+    if (name && entry->is_regular_file(unknown)) {
+      std::u16string folded = FoldCase(*name);
+      if (folded.ends_with(folded_extension)) found.emplace_back(std::move(folded), *name);
+    }
+    entry.increment(error);
+  }
+  std::sort(found.begin(), found.end());
+  std::vector<std::string> names;
+  names.reserve(found.size());
+  for (auto& [folded, name] : found) names.push_back(std::move(name));
+  return names;
+}
+
+std::filesystem::path FindFile(const std::filesystem::path& folder, std::string_view name) {
+  std::filesystem::path exact = folder / WesternToPath(name);
+  std::error_code error;
+  if (std::filesystem::exists(exact, error)) return exact;
+  for (const std::string& other : ListFiles(folder, name)) {
+    if (other.size() == name.size()) return folder / WesternToPath(other);
+  }
+  return exact;
+}
+
+std::vector<std::string> ReadLines(const std::filesystem::path& file) {
+  std::error_code error;
+  std::ifstream in(file, std::ios::binary);
+  if (!in || !std::filesystem::is_regular_file(file, error)) {
+    throw RuntimeError(ErrorCode::kFileNotFound);
+  }
+  const std::string text{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+  std::vector<std::string> lines;
+  std::size_t start = 0;
+  while (start < text.size()) {
+    const std::size_t end = std::min(text.find_first_of("\r\n", start), text.size());
+    lines.push_back(text.substr(start, end - start));
+    start = end + (text.compare(end, 2, "\r\n") == 0 ? 2 : 1);
+  }
+  return lines;
+}
+
+}  // namespace sorvane

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace sorvane {
+
+// The names of the files in folder that end in extension, such as ".lng", without regard to case,
+// and in the order of their names without regard to case: on every system as a Windows file system
+// lists them. Folders are left out, and so are names that the western set can't write. None if
+// there is no such folder.
+std::vector<std::string> ListFiles(const std::filesystem::path& folder, std::string_view extension);
+
+// The path of the file called name in folder. Where there is none of exactly this name, but one
+// that differs in case only, it is that file's path.
+std::filesystem::path FindFile(const std::filesystem::path& folder, std::string_view name);
+
+// The lines of a text file, which end in a carriage return and a line feed or in either alone; the
+// last may lack its end. Throws RuntimeError kFileNotFound for a file that can't be read.
+std::vector<std::string> ReadLines(const std::filesystem::path& file);
+
+}  // namespace sorvane

@@ -1,0 +1,81 @@
+#pragma once
+
+#include <QMainWindow>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "shell/message_table.h"
+#include "shell/page_services.h"
+#include "shell/settings.h"
+
+namespace sorvane {
+
+class ChildForm;
+class FrmSer;
+class LinkLamps;
+class MainMenu;
+class PageHost;
+class StatusPanels;
+
+// A form that a menu entry opens. The frame knows no page but by such a row.
+struct PageRow {
+  const char* menu_entry;
+  const char* form;
+  std::function<std::unique_ptr<ChildForm>(const PageServices&)> make;
+};
+
+// The one window of the program: menu bar, status bar, and the pages as child windows inside it. It
+// is the start-up object.
+class MainFrame : public QMainWindow {
+ public:
+  struct Outside {
+    ProgramGate& gate;
+    Dialogs& dialogs;
+    BoardTables& tables;
+    ParameterAccess& access;
+    LinkLamps& lamps;
+    FrmSer& link;
+    Separators separators;
+    std::filesystem::path folder;  // of the program
+    std::vector<PageRow> pages;
+    std::function<std::string()> find_usb_port;
+    std::function<void(const std::filesystem::path&)> start_program;
+  };
+
+  explicit MainFrame(Outside outside);
+  ~MainFrame() override;
+
+  // Starts the program, in its fixed order; called once, from the event loop. Nothing is shown
+  // where the program ends on the way.
+  void Load();
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  void OnChosen(const QString& entry);
+  void Connect();
+  void OnConnected();
+  void OpenPage(const QString& entry);
+  void ChooseUsb();
+  void ChooseLanguage(int entry);
+  void FinishLanguageChoice();
+  bool LoadIndexTables();
+  void Exit();
+  void StartSibling();
+  void ShowAndEnd(const MessageBox& box);
+
+  Outside out_;
+  MessageTable messages_;
+  MenuMarks marks_;
+  Settings settings_;
+  PageServices services_;
+  std::unique_ptr<MainMenu> menu_;
+  std::unique_ptr<PageHost> pages_;
+  std::unique_ptr<StatusPanels> panels_;
+};
+
+}  // namespace sorvane

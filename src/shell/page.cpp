@@ -1,0 +1,61 @@
+#include "shell/page.h"
+
+#include "board/board_tables.h"
+#include "board/parameter_access.h"
+#include "board/reply.h"
+#include "shell/controls/focus_keeper.h"
+#include "shell/message_table.h"
+#include "shell/western_text.h"
+
+namespace sorvane {
+
+Page::Page(PageServices services, const QString& form_name)
+    : ChildForm(form_name), services_(services), keeper_(new FocusKeeper(services.gate, this)) {}
+
+Page::~Page() = default;
+
+void Page::Load() { LoadPage(); }
+
+void Page::LoadPage() {
+  WatchPageParameters();
+  LoadPageCaptions();
+}
+
+void Page::Activate() { LoadPageCaptions(); }
+
+void Page::Unload() {
+  for (const int32_t index : WatchedParameters()) {
+    services_.tables.BoardIndex = 0;
+    services_.access.UnwatchParameter(index);
+  }
+}
+
+void Page::WatchPageParameters() {
+  for (const int32_t index : WatchedParameters()) {
+    services_.tables.BoardIndex = 0;
+    services_.access.WatchParameter(index);
+  }
+}
+
+void Page::ReplyNotice(const Reply& reply) {
+  Updating = true;
+  OnReply(reply);
+  Updating = false;
+  AfterReply();
+}
+
+QString Page::Message(int n) const { return FromWestern(services_.messages[n]); }
+
+void Page::WriteParameter(int32_t index, int64_t value) { WriteParameterPair(index, 0, value); }
+
+void Page::WriteParameterPair(int32_t first, int32_t second, int64_t value) {
+  services_.access.WriteParameterPair(first, second, value);
+}
+
+double Page::ReadParameter(int32_t index) const { return services_.access.ReadParameter(index, 0); }
+
+bool Page::IsParameterFresh(int32_t index) const {
+  return services_.access.IsParameterFresh(index, 0);
+}
+
+}  // namespace sorvane

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "shell/child_form.h"
+#include "shell/page_services.h"
+
+namespace sorvane {
+
+class FocusKeeper;
+
+// A page: a view on some parameters of the table. It holds its parameters from its load to its
+// unload, redraws a field when the board has answered, and writes a parameter when a bar moves; it
+// never speaks to the board.
+//
+// A page source gives its parameters, its captions and what a reply does; and it overrides LoadPage
+// where its order of loading differs.
+class Page : public ChildForm {
+ public:
+  Page(PageServices services, const QString& form_name);
+  ~Page() override;
+
+  void Load() final;
+  void Activate() final;
+  void Unload() final;
+  void ReplyNotice(const Reply& reply) final;
+
+  // True while a reply is being put on the page: a change handler of a control writes nothing then.
+  bool Updating = false;
+
+  PageServices& Services() { return services_; }
+  ProgramGate& Gate() { return services_.gate; }
+  FocusKeeper& Keeper() { return *keeper_; }
+
+  // Message n of the current language.
+  QString Message(int n) const;
+
+  void WriteParameter(int32_t index, int64_t value);
+  // A second index of 0 means that the setting has no mirror.
+  void WriteParameterPair(int32_t first, int32_t second, int64_t value);
+  double ReadParameter(int32_t index) const;
+  bool IsParameterFresh(int32_t index) const;
+
+ protected:
+  // The parameters that the page watches, in their order.
+  virtual std::vector<int32_t> WatchedParameters() const = 0;
+  // Writes the page's caption and labels from the messages; at load and at every activation.
+  virtual void LoadPageCaptions() = 0;
+  // The board has answered; Updating is true.
+  virtual void OnReply(const Reply& reply) = 0;
+  // Runs after every reply, with Updating false.
+  virtual void AfterReply() {}
+  // The order of loading that most pages share: watches, captions.
+  virtual void LoadPage();
+
+  void WatchPageParameters();
+
+ private:
+  PageServices services_;
+  FocusKeeper* keeper_;
+};
+
+}  // namespace sorvane

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <QObject>
+#include <functional>
+#include <memory>
+#include <vector>
+
+class QMdiArea;
+class QMdiSubWindow;
+class QMenu;
+
+namespace sorvane {
+
+class ChildForm;
+class ProgramGate;
+struct Reply;
+
+// The child windows of the frame: opens each form once, brings it to the front, tells all of them
+// of a reply, and lists them in the Windows menu.
+class PageHost : public QObject {
+ public:
+  using Maker = std::function<std::unique_ptr<ChildForm>()>;
+
+  // area is the frame's middle; frame is the window whose outer size pages are placed by.
+  PageHost(ProgramGate& gate, QMdiArea& area, const QWidget& frame);
+
+  // Brings the form of that name to the front, after making and loading it if it isn't open.
+  void Open(const QString& form_name, const Maker& make);
+
+  // Hands a reply to every open form, in the order in which they were opened.
+  void ReplyNotice(const Reply& reply);
+
+  // Activates every open form in turn and then the one that was active before, so that all take on
+  // the language. With no form open it does nothing.
+  void Refresh();
+
+  // Unloads and removes all forms.
+  void CloseAll();
+
+  // Fills the Windows menu: the open forms in order, numbered, the front one checked.
+  void FillWindowsMenu(QMenu& menu);
+
+ private:
+  class Window;
+
+  Window* Add(std::unique_ptr<ChildForm> form);
+  void Show(Window& window);
+  // Sizes the window to its form, whose captions may have changed.
+  static void FitToForm(Window& window);
+  // Moves the window to the middle of the frame, a little above it.
+  void CenterPage(Window& window) const;
+  void OnActivated(QMdiSubWindow* window);
+  void OnClosed(Window& window);
+
+  ProgramGate& gate_;
+  QMdiArea& area_;
+  const QWidget& frame_;
+  std::vector<Window*> windows_;  // open ones, in the order of their loading
+};
+
+}  // namespace sorvane

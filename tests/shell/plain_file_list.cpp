@@ -1,0 +1,107 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "shell/file_list.h"
+#include "shell/plain_errors.h"
+#include "shell/plain_files.h"
+
+namespace sorvane {
+namespace {
+
+using test::ErrorOf;
+using test::TempFolder;
+using test::WriteText;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+void WriteEmpty(const TempFolder& folder, std::initializer_list<const char*> names) {
+  for (const char* name : names) WriteText(folder, name, "");
+}
+
+TEST(FileList, NamesComeInOrderWithoutRegardToCase) {
+  const TempFolder folder;
+  WriteEmpty(folder, {"delta.lng", "Charlie.lng", "bravo.lng", "Alpha.lng", "_e.lng", "Écho.lng"});
+  EXPECT_THAT(ListFiles(folder.Path(), ".lng"),
+              ElementsAre("Alpha.lng", "bravo.lng", "Charlie.lng", "delta.lng", "_e.lng",
+                          "\xC9"
+                          "cho.lng"));
+}
+
+TEST(FileList, TheExtensionMatchesWithoutRegardToCase) {
+  const TempFolder folder;
+  WriteEmpty(folder, {"a.LNG", "b.Lng", "c.lng"});
+  EXPECT_THAT(ListFiles(folder.Path(), ".lng"), ElementsAre("a.LNG", "b.Lng", "c.lng"));
+}
+
+TEST(FileList, OtherExtensionsAreLeftOut) {
+  const TempFolder folder;
+  WriteEmpty(folder, {"a.lng", "a.lng~", "a.lngx", "alng", "lng", "a.inx"});
+  EXPECT_THAT(ListFiles(folder.Path(), ".lng"), ElementsAre("a.lng"));
+}
+
+TEST(FileList, FoldersAreLeftOut) {
+  const TempFolder folder;
+  WriteEmpty(folder, {"a.lng"});
+  std::filesystem::create_directory(folder.Path() / "b.lng");
+  EXPECT_THAT(ListFiles(folder.Path(), ".lng"), ElementsAre("a.lng"));
+}
+
+TEST(FileList, NamesOutsideTheSetAreLeftOut) {
+  const TempFolder folder;
+  WriteEmpty(folder, {"a.lng", "Русский.lng", "bad\xFF.lng"});
+  EXPECT_THAT(ListFiles(folder.Path(), ".lng"), ElementsAre("a.lng"));
+}
+
+TEST(FileList, AMissingFolderHoldsNone) {
+  const TempFolder folder;
+  EXPECT_THAT(ListFiles(folder.Path() / "none", ".lng"), IsEmpty());
+}
+
+TEST(FileList, AFileIsFoundByItsNameInOtherCase) {
+  const TempFolder folder;
+  WriteEmpty(folder, {"xItaliano.lng", "ITALIANO.LNG"});
+  EXPECT_EQ(FindFile(folder.Path(), "Italiano.lng"), folder.Path() / "ITALIANO.LNG");
+}
+
+TEST(FileList, AFileOfExactlyTheNameGoesFirst) {
+  const TempFolder folder;
+  WriteEmpty(folder, {"A.lng", "a.lng"});
+  EXPECT_EQ(FindFile(folder.Path(), "a.lng"), folder.Path() / "a.lng");
+}
+
+TEST(FileList, AMissingFileKeepsItsName) {
+  const TempFolder folder;
+  EXPECT_EQ(FindFile(folder.Path(), "a.lng"), folder.Path() / "a.lng");
+}
+
+TEST(ReadLines, AllKindsOfLineEndsCount) {
+  const TempFolder folder;
+  WriteText(folder, "f", "one\r\ntwo\nthree\rfour\r\n\r\n\n\rend\n");
+  EXPECT_THAT(ReadLines(folder.Path() / "f"),
+              ElementsAre("one", "two", "three", "four", "", "", "", "end"));
+}
+
+TEST(ReadLines, TheLastLineMayLackItsEnd) {
+  const TempFolder folder;
+  WriteText(folder, "f", "one\r\n two ");
+  EXPECT_THAT(ReadLines(folder.Path() / "f"), ElementsAre("one", " two "));
+}
+
+TEST(ReadLines, AnEmptyFileHasNoLines) {
+  const TempFolder folder;
+  WriteText(folder, "f", "");
+  EXPECT_THAT(ReadLines(folder.Path() / "f"), IsEmpty());
+}
+
+TEST(ReadLines, AMissingFileIsAnError) {
+  const TempFolder folder;
+  EXPECT_EQ(ErrorOf([&] { ReadLines(folder.Path() / "none"); }), ErrorCode::kFileNotFound);
+}
+
+TEST(ReadLines, AFolderIsNoFile) {
+  const TempFolder folder;
+  EXPECT_EQ(ErrorOf([&] { ReadLines(folder.Path()); }), ErrorCode::kFileNotFound);
+}
+
+}  // namespace
+}  // namespace sorvane

@@ -1,0 +1,90 @@
+#pragma once
+
+#include <QString>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "shell/main_frame.h"
+#include "shell/program_gate.h"
+#include "support/link_fixture.h"
+
+class QAction;
+
+namespace sorvane::test {
+
+// The whole program on virtual time, but for its event loop, port and boxes: the real main frame
+// and pages over the real link, and a board at the other end of the wire whose second-level file
+// has all records of a machine. The folder holds ten language files, "Alfa" to "Lima" without
+// "Juliett" and "Kilo", whose line n reads "NAME n".
+//
+//   Program program;
+//   program.Connect();
+//   program.Open("MnuSconti");
+//   program.Type("FrmSconti", "Text1(2)", "12,50");
+class Program {
+ public:
+  struct Setup {
+    Separators separators{'.', ','};
+    std::vector<PageRow> pages = {};  // none: those of the program
+    std::string usb_port = {};        // what the look-up finds
+    bool language_files = true;
+    // Takes the clock's maker of timers and gives the one that the program gets.
+    std::function<TimerMaker(TimerMaker)> timers = {};
+    std::string settings = "Com=1\r\nLingua=Alfa\r\n";
+  };
+
+  Program() : Program(Setup{}) {}
+  explicit Program(const Setup& setup);
+  ~Program();
+
+  // Loads the main frame and waits until it is the active window, if it shows.
+  void Start();
+  // Starts if need be and connects; the frames of identification are forgotten.
+  void Connect();
+  // Chooses a menu entry by its name, as a click does. A failure of the test if it is disabled.
+  void Choose(const QString& entry);
+  // Chooses a page's entry and lets the sweep ask for all that the page watches.
+  void Open(const QString& entry);
+  // Lets the sweep make n steps of 40 ms; with none given, as many as a full page takes.
+  void Sweep(int n = 80);
+  // Closes the frame by its close control.
+  void Close();
+
+  // A control of an open form, by the names that both bear. A failure of the test if there is none.
+  template <typename Control = QWidget>
+  Control& Find(const QString& form, const QString& control) {
+    return dynamic_cast<Control&>(FindWidget(form, control));
+  }
+  bool IsOpen(const QString& form) const;
+  QAction& Entry(const QString& name);
+
+  // Gives a field the focus by a click and types into it, key by key.
+  void TypeOnly(const QString& form, const QString& field, const QString& text);
+  // The same, and Enter.
+  void Type(const QString& form, const QString& field, const QString& text);
+  void Press(const QString& form, const QString& control, int key);
+  QString Text(const QString& form, const QString& field);
+  // The position of a bar.
+  int Position(const QString& form, const QString& bar);
+
+  // The text of a file of the folder, or "none".
+  std::string File(const std::string& name) const;
+  void WriteText(const std::string& name, const std::string& text) const;
+
+  Link link;
+  std::vector<std::string> reports;            // of run-time errors
+  std::vector<int> exits;                      // exit codes with which the loop was left
+  std::vector<std::filesystem::path> started;  // other programs
+  ProgramGate gate;
+  std::unique_ptr<MainFrame> frame;
+
+ private:
+  QWidget& FindWidget(const QString& form, const QString& control);
+};
+
+// The rows of the program's own pages.
+std::vector<PageRow> ProgramPages();
+
+}  // namespace sorvane::test

@@ -1,0 +1,34 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <cstdio>
+
+namespace {
+
+// What Qt has to complain about is a failure of the test that brought it about.
+void OnQtMessage(QtMsgType type, const QMessageLogContext&, const QString& message) {
+  // Known of the platform without a screen, and of no harm.
+  if (message.startsWith("This plugin does not support") ||
+      message.startsWith("QStandardPaths: XDG_RUNTIME_DIR not set")) {
+    return;
+  }
+  if (type != QtDebugMsg && type != QtInfoMsg) ADD_FAILURE() << "Qt: " << message.toStdString();
+}
+
+}  // namespace
+
+// main of the test programs with widgets. One style on all desktops, so that a test meets the same
+// geometry everywhere; no cases at all is a failure.
+int main(int argc, char** argv) {
+  qInstallMessageHandler(OnQtMessage);
+  QApplication app(argc, argv);
+  QApplication::setApplicationName("Sorvane");
+  QApplication::setStyle("Fusion");
+  QApplication::setQuitOnLastWindowClosed(false);
+  testing::InitGoogleMock(&argc, argv);
+  const int result = RUN_ALL_TESTS();
+  if (testing::UnitTest::GetInstance()->test_to_run_count() > 0) return result;
+  std::fprintf(stderr, "no test was run\n");
+  return 1;
+}
