@@ -1,0 +1,123 @@
+"""A technician's desk for one test: a copy of the program folder, the board, and the program."""
+
+import itertools
+import pathlib
+import shutil
+import unittest
+
+import offspring
+from board import Board
+from folder_watch import FolderWatch
+from program import Box, Program
+from wait import wait_for
+
+SETTINGS = b"Com=1\r\nLingua=Italiano\r\n"
+SIBLING = '#!/bin/sh\necho started >> "${0%/*}/sibling.log"\n'
+CONNECTED_ENTRIES = (
+    ("Password",), ("Impostazioni",), ("Prezzi",), ("Sconti",), ("Pagamento",), ("Set ",),
+    ("Set ", "Tasti / Colonne"), ("Set ", "Colonne / Prodotti"), ("Orologio",), ("Vendite",),
+    ("Vendite", "Totali"), ("Vendite", "Contatori"), ("Vendite", "Monete"),
+    ("Vendite", "Banconote"), ("Allarmi",))
+NOT_READY = Box("Serial", "Board Not Ready\nCheck serial !", ("Retry", "Cancel"))
+END_WITHIN = 2.0  # seconds from the closing of the frame
+
+
+class Scene(unittest.TestCase):
+    """Base of all tests. The run gives desk and built, the program folder of the build."""
+
+    desk = None
+    built = None
+    _numbers = itertools.count(1)
+
+    def setUp(self):
+        self.parent = self.desk.folder / f"scene{next(self._numbers)}"
+        self.folder = self.parent / "Sorvane"
+        shutil.copytree(self.built, self.folder, symlinks=True,
+                        ignore=shutil.ignore_patterns("COM1"))
+        self.settings = self.folder / "Sorvane.ini"
+        self.settings.write_bytes(SETTINGS)
+        sibling = self.parent / "ARDENZA.EXE"
+        sibling.write_text(SIBLING, encoding="ascii")
+        sibling.chmod(0o755)
+        self.watch = FolderWatch(self.folder)
+        self.addCleanup(self.watch.close)
+
+    def start_board(self, *arguments):
+        """The board on a line of its own; arguments are those of its command line."""
+        self.board = Board(self.folder, self.desk.environment, *arguments)
+        self.addCleanup(self.board.close)
+
+    def launch(self):
+        """Starts the program and waits for nothing."""
+        self.program = Program(self.desk, self.folder)
+        self.addCleanup(self.check_and_end, self.program)
+
+    def start(self):
+        """Starts the program and waits until it is idle."""
+        self.launch()
+        self.program.wait_ready()
+
+    def connect(self):
+        """Starts board and program, connects, and waits until the connection stands."""
+        self.start_board()
+        self.start()
+        self.program.choose("Connect")
+        self.wait_connected()
+
+    def wait_connected(self):
+        wait_for("connection", lambda: self.open_entries() == list(CONNECTED_ENTRIES))
+
+    def open_entries(self):
+        """Those of the entries for a connected board that are enabled."""
+        return [path for path in CONNECTED_ENTRIES if self.program.enabled(*path)]
+
+    def open_discounts(self):
+        """Opens the page of the discounts and waits until it can be edited."""
+        self.program.choose("Sconti")
+        self.page = self.program.page("Sconti")
+        wait_for("open field", lambda: self.field(10).has("enabled"))
+
+    def field(self, row):
+        return self.page.find("text", f"Sconto {row}")
+
+    def bar(self, row):
+        return self.page.find("slider", f"Sconto {row}")
+
+    def wait_shown(self, row, text):
+        """Waits until a discount is shown as text."""
+        wait_for(f"{text} in row {row}", lambda: self.field(row).text == text)
+
+    def wait_held(self, parameter, number):
+        """Waits until the board's memory holds a number."""
+        wait_for(f"{number} in parameter {parameter} of the board",
+                 lambda: self.board.holds(parameter) == number)
+
+    def assert_closes(self):
+        """Closes the frame: the program ends in time, saves once, hands over once."""
+        saved = self.watch.written("Sorvane.ini")
+        self.program.close_frame()
+        self.assertEqual(self.program.wait_end(END_WITHIN), 0)
+        self.assertEqual(self.watch.written("Sorvane.ini") - saved, 1, "savings of the settings")
+        self.assertEqual(self.sibling_starts(), 1, "starts of the sibling program")
+
+    def assert_ends_after(self, box):
+        """The box says so, and behind it the program ends, saves nothing and starts nothing."""
+        self.assertEqual(self.program.box(), box)
+        self.program.answer("OK")
+        self.assertEqual(self.program.wait_end(END_WITHIN), 0)
+        self.assertEqual(self.watch.written("Sorvane.ini"), 0, "savings of the settings")
+        self.assertEqual(self.settings.read_bytes(), SETTINGS)
+        self.assertEqual(self.sibling_starts(), 0, "starts of the sibling program")
+
+    def sibling_starts(self):
+        """How often the sibling has been started, once all that were started have ended."""
+        own = str(self.parent / "ARDENZA.EXE")
+        wait_for("end of the sibling",
+                 lambda: not any(own in line for line in offspring.descendants().values()))
+        log = pathlib.Path(self.parent / "sibling.log")
+        return log.read_text(encoding="ascii").count("started") if log.exists() else 0
+
+    def check_and_end(self, program):
+        """The program has not crashed unseen and has complained of nothing."""
+        program.put_away(END_WITHIN)
+        self.assertEqual(program.complaints.read_text(errors="replace"), "")

@@ -1,0 +1,124 @@
+"""A desk of its own: a virtual display with a window manager and a message bus.
+
+A program that stands on it is worked with keys and mouse, like one on a real display, and what it
+shows is read by way of the desktop's accessibility service.
+"""
+
+import os
+import pathlib
+import shutil
+import subprocess
+import tempfile
+
+import offspring
+from wait import wait_for
+
+SCREEN = "1280x900x24"
+TOOLS = ("Xvfb", "openbox", "dbus-daemon", "xdotool", "xprop", "import")
+
+# Sanitized builds are told by these how to report.
+PASSED_ON = ("PATH", "ASAN_OPTIONS", "UBSAN_OPTIONS")
+
+
+class Desk:
+    """Stands from its making to close(); one for each process, as the accessibility service of a
+    process can't change. Raises RuntimeError if a tool is missing or a part doesn't start."""
+
+    def __init__(self):
+        missing = [tool for tool in TOOLS if shutil.which(tool) is None]
+        if missing:
+            raise RuntimeError(f"tools are missing: {', '.join(missing)}")
+        offspring.adopt_orphans()
+        self.folder = pathlib.Path(tempfile.mkdtemp(prefix="sorvane-"))
+        self._log = open(self.folder / "desk.log", "wb")
+        home = self.folder / "home"
+        home.mkdir()
+        self.environment = {name: os.environ[name] for name in PASSED_ON if name in os.environ}
+        self.environment |= {
+            "HOME": str(home),
+            "XDG_RUNTIME_DIR": str(self.folder),
+            "LC_ALL": "C.UTF-8",
+            "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1",
+        }
+        try:
+            self._start_display()
+            self._start_bus()
+            self._start_window_manager()
+        except BaseException:
+            self.close()
+            raise
+        # The reader of the accessibility service looks here for display and bus.
+        for name in ("DISPLAY", "DBUS_SESSION_BUS_ADDRESS", "XDG_RUNTIME_DIR", "HOME"):
+            os.environ[name] = self.environment[name]
+        os.environ.pop("AT_SPI_BUS_ADDRESS", None)
+
+    def _start(self, command, **options):
+        return offspring.start(command, env=self.environment, stdin=subprocess.DEVNULL,
+                               stderr=self._log, **options)
+
+    def _start_display(self):
+        reader, writer = os.pipe()
+        self._start(["Xvfb", "-displayfd", str(writer), "-screen", "0", SCREEN,
+                     "-nolisten", "tcp"], pass_fds=[writer], stdout=self._log)
+        os.close(writer)
+        with open(reader, encoding="ascii") as numbers:
+            number = numbers.readline().strip()
+        if not number:
+            raise RuntimeError(f"no virtual display: {self.log()}")
+        self.environment["DISPLAY"] = f":{number}"
+
+    def _start_bus(self):
+        bus = self._start(["dbus-daemon", "--session", "--nofork", "--nopidfile",
+                           f"--address=unix:path={self.folder}/bus", "--print-address=1"],
+                          stdout=subprocess.PIPE, text=True)
+        address = bus.stdout.readline().strip()
+        if not address:
+            raise RuntimeError(f"no message bus: {self.log()}")
+        self.environment["DBUS_SESSION_BUS_ADDRESS"] = address
+
+    def _start_window_manager(self):
+        self._start(["openbox"], stdout=self._log)
+        wait_for("window manager", lambda: "window id" in self._ask(
+            "xprop", "-root", "_NET_SUPPORTING_WM_CHECK"))
+
+    def _ask(self, *command):
+        return subprocess.run(command, env=self.environment, stdin=subprocess.DEVNULL,
+                              stdout=subprocess.PIPE, stderr=self._log, text=True,
+                              check=False).stdout
+
+    def log(self):
+        """What the parts of the desk complained about."""
+        self._log.flush()
+        return (self.folder / "desk.log").read_text(errors="replace").strip()
+
+    def press(self, *keys):
+        """Presses keys, such as "Return" or "alt+F4", one after the other."""
+        self._xdotool("key", "--clearmodifiers", *keys)
+
+    def type(self, text):
+        self._xdotool("type", "--clearmodifiers", "--delay", "5", text)
+
+    def click(self, x, y):
+        """Clicks at a place of the screen, in pixels."""
+        self._xdotool("mousemove", str(x), str(y), "click", "1")
+
+    def _xdotool(self, *arguments):
+        subprocess.run(["xdotool", *arguments], env=self.environment, stdin=subprocess.DEVNULL,
+                       stdout=self._log, stderr=self._log, check=True)
+
+    def active_title(self):
+        """The title of the window in front, as the window manager has it."""
+        window = self._ask("xprop", "-root", "_NET_ACTIVE_WINDOW").rsplit(" ", 1)[-1].strip()
+        title = self._ask("xprop", "-id", window, "_NET_WM_NAME")
+        return title.split(" = ", 1)[-1].rstrip("\n")[1:-1]
+
+    def take_picture(self, path):
+        """Saves what the screen shows as a PNG file."""
+        subprocess.run(["import", "-window", "root", str(path)], env=self.environment,
+                       stdin=subprocess.DEVNULL, stderr=self._log, check=True)
+
+    def close(self):
+        """Ends everything that was started by this process."""
+        offspring.end_all()
+        self._log.close()
+        shutil.rmtree(self.folder, ignore_errors=True)

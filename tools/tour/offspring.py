@@ -1,0 +1,78 @@
+"""Starting programs so that none of them, nor what they start, outlives this one."""
+
+import ctypes
+import os
+import pathlib
+import signal
+import subprocess
+import time
+
+PR_SET_PDEATHSIG = 1
+PR_SET_CHILD_SUBREAPER = 36
+
+_libc = ctypes.CDLL(None, use_errno=True)
+
+
+def adopt_orphans():
+    """From now on, what a child leaves behind becomes a child of this process."""
+    if _libc.prctl(PR_SET_CHILD_SUBREAPER, 1, 0, 0, 0) != 0:
+        raise OSError(ctypes.get_errno(), "orphans can't be adopted")
+
+
+def _die_with_parent():
+    _libc.prctl(PR_SET_PDEATHSIG, signal.SIGKILL, 0, 0, 0)
+
+
+def start(command, **options):
+    """subprocess.Popen of a program that is killed if this process dies."""
+    return subprocess.Popen(command, preexec_fn=_die_with_parent, **options)
+
+
+def descendants():
+    """The running processes below this one, as {process id: command line}."""
+    parents = {}
+    lines = {}
+    for entry in pathlib.Path("/proc").iterdir():
+        if not entry.name.isdigit():
+            continue
+        try:
+            state, parent = (entry / "stat").read_text().rsplit(")", 1)[1].split()[:2]
+            line = (entry / "cmdline").read_bytes().replace(b"\0", b" ").decode(errors="replace")
+        except OSError:  # it has ended meanwhile
+            continue
+        if state != "Z":
+            parents[int(entry.name)] = int(parent)
+            lines[int(entry.name)] = line.strip()
+    below = {os.getpid()}
+    grown = True
+    while grown:
+        found = {process for process, parent in parents.items() if parent in below} - below
+        below |= found
+        grown = bool(found)
+    return {process: lines[process] for process in below - {os.getpid()}}
+
+
+def end_all():
+    """Ends every descendant, in peace where it goes, and takes leave of them."""
+    for sign, patience in ((signal.SIGTERM, 2.0), (signal.SIGKILL, 60.0)):
+        end = time.monotonic() + patience
+        for process in descendants():
+            _send(process, sign)
+        while descendants() and time.monotonic() < end:
+            time.sleep(0.02)
+        _bury()
+
+
+def _send(process, sign):
+    try:
+        os.kill(process, sign)
+    except ProcessLookupError:
+        pass
+
+
+def _bury():
+    try:
+        while os.waitpid(-1, os.WNOHANG)[0]:
+            pass
+    except ChildProcessError:
+        pass
