@@ -15,26 +15,23 @@ std::string LastDigits(int number, std::size_t width) {
   return digits.substr(digits.size() - width);
 }
 
-ParameterRecord ToParameterRecord(const IndexRecord& from) {
-  ParameterRecord record;
+// A record of either table with the bytes that both kinds of file have; the rest is 0.
+template <typename TableRecord>
+TableRecord WithAddress(const IndexRecord& from) {
+  TableRecord record;
   record.At(position::kAddress3) = from.address3;
   record.At(position::kAddress2) = from.address2;
   record.At(position::kCommand) = from.command;
   record.At(position::kDivider) = from.divider;
   record.At(position::kAddress1) = from.address1;
-  int at = position::kValue;
-  for (const uint8_t byte : from.default_value) record.At(at++) = byte;
-  for (; at <= ParameterRecord::kPositions; ++at) record.At(at) = ' ';
   return record;
 }
 
-SystemRecord ToSystemRecord(const IndexRecord& from) {
-  SystemRecord record;
-  record.At(position::kAddress3) = from.address3;
-  record.At(position::kAddress2) = from.address2;
-  record.At(position::kCommand) = from.command;
-  record.At(position::kDivider) = from.divider;
-  record.At(position::kAddress1) = from.address1;
+ParameterRecord ToParameterRecord(const IndexRecord& from) {
+  auto record = WithAddress<ParameterRecord>(from);
+  int at = position::kValue;
+  for (const uint8_t byte : from.default_value) record.At(at++) = byte;
+  for (; at <= ParameterRecord::kPositions; ++at) record.At(at) = ' ';
   return record;
 }
 
@@ -82,7 +79,7 @@ void LoadFirstLevel(BoardTables& tables, const std::filesystem::path& folder) {
   tables.RecordCount(tables.BoardIndex) = 0;
   for (const IndexRecord& record : records) {
     const int16_t index = CountRecord(tables);
-    tables.SystemTable(index, tables.BoardIndex) = ToSystemRecord(record);
+    tables.SystemTable(index, tables.BoardIndex) = WithAddress<SystemRecord>(record);
   }
 }
 

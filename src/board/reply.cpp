@@ -1,8 +1,11 @@
 #include "board/reply.h"
 
+#include "board/errors.h"
+
 namespace sorvane {
 
 double Reply::Number() const {
+  if (IsText()) throw RuntimeError(ErrorCode::kTypeMismatch);
   double sum = 0;
   double weight = 1;
   for (std::size_t k = 0; k <= size && k < bytes.size(); ++k, weight *= 256) {

@@ -17,8 +17,8 @@ struct Reply {
   // A value of more than 4 bytes is a text; all others are numbers.
   bool IsText() const { return size > 3; }
 
-  // The value as a number without sign; bytes that are missing count as 0. A text counts byte by
-  // byte as well, which no page shows.
+  // The value as a number without sign; bytes that are missing count as 0. Throws RuntimeError
+  // kTypeMismatch for a text: an index file gives a parameter more bytes than its page can take.
   double Number() const;
 
   // The value as it stands, in the board's single-byte character set.

@@ -90,8 +90,6 @@ bool MainFrame::LoadIndexTables() {
 }
 
 void MainFrame::OnChosen(const QString& entry) {
-  // The click has toggled the mark of a checkable entry; the model alone decides about marks.
-  menu_->ShowMarks(marks_);
   if (entry == "mnuConnect") {
     Connect();
   } else if (entry == "mnuUSB") {

@@ -35,7 +35,8 @@ class MainMenu : public QObject {
 
   void Enable(const QString& entry, bool enabled);
 
-  // Shows the languages, and the check marks as the model has them.
+  // Shows the languages, and the check marks as the model has them. A click toggles the mark of its
+  // entry; the model alone decides, and is shown again after every choice that concerns marks.
   void ShowMarks(const MenuMarks& marks);
 
  private:

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "board/errors.h"
+
 namespace sorvane {
 namespace {
 
@@ -18,6 +20,16 @@ TEST(ReplyValue, CountsMissingBytesAsZeroAndNoneBehindItsSize) {
 TEST(ReplyValue, IsATextFromFiveBytesOn) {
   EXPECT_FALSE((Reply{12, 3, {}}.IsText()));
   EXPECT_TRUE((Reply{12, 4, {}}.IsText()));
+}
+
+TEST(ReplyValue, OfATextIsNoNumber) {
+  const Reply reply{12, 4, {'1', '0', ' ', ' ', ' '}};
+  try {
+    reply.Number();
+    FAIL() << "no error";
+  } catch (const RuntimeError& error) {
+    EXPECT_EQ(error.Code(), ErrorCode::kTypeMismatch);
+  }
 }
 
 TEST(ReplyValue, KeepsEveryByteOfAText) {

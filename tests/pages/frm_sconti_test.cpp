@@ -31,6 +31,16 @@ class Sconti : public testing::Test {
     program.link.wire.Forget();
   }
 
+  void ClosePage() {
+    program.frame->findChild<QWidget*>(kPage)->parentWidget()->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  }
+  // Has the board answer a parameter once more.
+  void AskAgain(int parameter) {
+    program.link.access.WatchParameter(parameter);
+    program.Sweep(3);
+  }
+
   QString Text(int row) { return program.Text(kPage, QString("Text1(%1)").arg(row)); }
   bool IsRowOpen(int row) {
     const QString index = QString("(%1)").arg(row);
@@ -135,8 +145,7 @@ TEST_F(Sconti, TheDecimalsBringWhatWasAnsweredBeforeThem) {
 TEST_F(Sconti, DecimalsThatThePageHasAlreadyRedrawNothing) {
   Open();
   program.TypeOnly(kPage, "Text1(0)", "7");
-  program.link.access.WatchParameter(22);
-  program.Sweep(3);
+  AskAgain(22);
   EXPECT_EQ(program.link.notices.size(), 0U);  // the frame has taken the notices over
   program.link.wire.Expect({0, 0, 0, 22, 22});
   EXPECT_EQ(Text(0), "7");
@@ -146,8 +155,7 @@ TEST_F(Sconti, NewDecimalsDrawAllFieldsAnew) {
   Open();
   program.TypeOnly(kPage, "Text1(0)", "7");
   program.link.SetBoardNumber(22, 1);
-  program.link.access.WatchParameter(22);
-  program.Sweep(3);
+  AskAgain(22);
   EXPECT_EQ(Text(0), "10.5");
   EXPECT_EQ(Text(9), "100.5");
 }
@@ -240,8 +248,7 @@ TEST_F(Sconti, AReplyThatLandsWhileTheMessageStandsIsWhatComesBack) {
   Open();
   Type(0, "abc");
   program.link.SetBoardNumber(43, 777);
-  program.link.access.WatchParameter(43);
-  program.Sweep(3);
+  AskAgain(43);
   program.link.dialogs.Answer(Answer::kOk);
   EXPECT_EQ(Text(0), "7.77");
 }
@@ -327,8 +334,7 @@ TEST_F(Sconti, AReplyOverwritesWhatIsBeingTyped) {
   Open();
   program.TypeOnly(kPage, "Text1(0)", "9");
   program.link.SetBoardNumber(43, 250);
-  program.link.access.WatchParameter(43);
-  program.Sweep(3);
+  AskAgain(43);
   EXPECT_EQ(Text(0), "2.50");
 }
 
@@ -360,8 +366,7 @@ TEST_F(Sconti, MoreSelectionsThanRowsEndTheProgram) {
 TEST_F(Sconti, AReplyOfTheSelectionsClosesAllRowsAndOpensTheFirstOnes) {
   Open();
   program.link.SetBoardNumber(2, 4);
-  program.link.access.WatchParameter(2);
-  program.Sweep(3);
+  AskAgain(2);
   for (int i = 0; i < 10; ++i) EXPECT_EQ(IsRowOpen(i), i < 4) << i;
 }
 
@@ -369,8 +374,7 @@ TEST_F(Sconti, ARowThatClosesWhileItIsBeingEditedLosesWhatWasTyped) {
   Open();
   program.TypeOnly(kPage, "Text1(7)", "9");
   program.link.SetBoardNumber(2, 4);
-  program.link.access.WatchParameter(2);
-  program.Sweep(3);
+  AskAgain(2);
   EXPECT_EQ(Text(7), "8.05");
   for (int i = 0; i < 10; ++i) EXPECT_NE(Text(i), "") << i;
 }
@@ -393,7 +397,7 @@ TEST_F(Sconti, APageOpenedTwiceHasOneSetOfWatchers) {
 
 TEST_F(Sconti, ClosingThePageGivesItsParametersBack) {
   Open();
-  program.frame->findChild<QWidget*>(kPage)->parentWidget()->close();
+  ClosePage();
   for (const int index : {2, 22, 43, 52}) {
     EXPECT_EQ(program.link.Record(index).At(5), 0) << index;
     EXPECT_EQ(program.link.Record(index).At(6) & 7, 0) << index;
@@ -402,8 +406,7 @@ TEST_F(Sconti, ClosingThePageGivesItsParametersBack) {
 
 TEST_F(Sconti, APageOpenedAgainStartsWithItsStartValues) {
   Open();
-  program.frame->findChild<QWidget*>(kPage)->parentWidget()->close();
-  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  ClosePage();
   EXPECT_FALSE(program.IsOpen(kPage));
   program.Choose("MnuSconti");
   EXPECT_EQ(Text(0), "");
@@ -418,8 +421,7 @@ TEST_F(Sconti, NoFieldHasTheFocusWhenThePageOpens) {
 TEST_F(Sconti, AWriteThatIsPendingWhenThePageClosesIsSentWhenThePageOpensAgain) {
   Open();
   Type(0, "3.00");
-  program.frame->findChild<QWidget*>(kPage)->parentWidget()->close();
-  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  ClosePage();
   program.Sweep(3);
   program.link.wire.ExpectNothing();
   program.Open("MnuSconti");
@@ -431,6 +433,13 @@ TEST_F(Sconti, FourBytesForTheNumberOfSelectionsOverflowItsVariable) {
   program.link.SetBoard(2, {0, 0, 1, 0});
   Open();
   EXPECT_EQ(program.reports, std::vector<std::string>{"Run-time error '6':\n\nOverflow"});
+}
+
+TEST_F(Sconti, ATextForTheNumberOfSelectionsIsATypeMismatch) {
+  program.link.Record(2).At(3) = 4;
+  program.link.SetBoard(2, {'1', '0', ' ', ' ', ' '});
+  Open();
+  EXPECT_EQ(program.reports, std::vector<std::string>{"Run-time error '13':\n\nType mismatch"});
 }
 
 }  // namespace

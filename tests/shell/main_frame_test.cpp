@@ -35,6 +35,15 @@ QStringList Captions(const QList<QAction*>& actions) {
   return captions;
 }
 
+// The board is silent, and the user cancels.
+void ConnectAndGiveUp(Program& program) {
+  program.link.board.SwitchOff();
+  program.Start();
+  program.Choose("mnuConnect");
+  program.gate.Run([&] { program.link.clock.Advance(2000); });
+  program.link.dialogs.Answer(Answer::kCancel);
+}
+
 TEST(StartUp, EndsInAnIdleFrame) {
   Program program;
   program.Start();
@@ -231,6 +240,7 @@ TEST(Connection, ASecondChoiceChangesNothing) {
   program.Connect();
   const int opens = program.link.wire.OpenAttempts();
   program.Choose("mnuConnect");
+  EXPECT_EQ(program.frame->cursor().shape(), Qt::ArrowCursor);
   program.Sweep(5);
   EXPECT_EQ(program.link.wire.OpenAttempts(), opens);
   program.link.wire.ExpectNothing();
@@ -250,11 +260,7 @@ TEST(Connection, ShowsABusyCursorWhileItIsBeingMade) {
 
 TEST(Connection, AnAbandonedAttemptLeavesTheEntriesShut) {
   Program program;
-  program.link.board.SwitchOff();
-  program.Start();
-  program.Choose("mnuConnect");
-  program.gate.Run([&] { program.link.clock.Advance(2000); });
-  program.link.dialogs.Answer(Answer::kCancel);
+  ConnectAndGiveUp(program);
   ExpectBoardEntries(program, false);
   EXPECT_FALSE(program.link.ser.IsLoaded());
   EXPECT_FALSE(program.link.ser.ConnectAbandoned);
@@ -263,11 +269,7 @@ TEST(Connection, AnAbandonedAttemptLeavesTheEntriesShut) {
 
 TEST(Connection, TheNextAttemptOpensThePortAfresh) {
   Program program;
-  program.link.board.SwitchOff();
-  program.Start();
-  program.Choose("mnuConnect");
-  program.gate.Run([&] { program.link.clock.Advance(2000); });
-  program.link.dialogs.Answer(Answer::kCancel);
+  ConnectAndGiveUp(program);
   const int opens = program.link.wire.Opens();
   program.link.board.SwitchOn();
   program.Connect();
@@ -392,12 +394,14 @@ TEST(Pages, StandInTheMiddleOfTheFrameALittleAboveIt) {
   Program program;
   program.Connect();
   program.frame->resize(1000, 800);
-  program.Choose("mnuVer");
-  auto* window = program.frame->findChild<QMdiArea*>()->activeSubWindow();
-  const QSize frame = program.frame->frameGeometry().size();
-  // 40 twips are 2.67 pixels.
-  EXPECT_NEAR(window->y(), frame.height() * 0.85 / 2 - window->height() / 2.0 + 2.67, 1);
-  EXPECT_NEAR(window->x(), frame.width() / 2.0 - window->width() / 2.0, 1);
+  for (const char* entry : {"mnuVer", "MnuSconti"}) {
+    program.Choose(entry);
+    auto* window = program.frame->findChild<QMdiArea*>()->activeSubWindow();
+    const QSize frame = program.frame->frameGeometry().size();
+    // 40 twips are 2.67 pixels.
+    EXPECT_NEAR(window->y(), frame.height() * 0.85 / 2 - window->height() / 2.0 + 2.67, 1);
+    EXPECT_NEAR(window->x(), frame.width() / 2.0 - window->width() / 2.0, 1);
+  }
 }
 
 TEST(WindowsMenu, ListsTheOpenPagesByNumberWithTheFrontOneChecked) {

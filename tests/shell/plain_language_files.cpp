@@ -24,8 +24,9 @@ class LanguageFilesTest : public ::testing::Test {
 
   // Languages A, B, C and so on; the first line of each is its name.
   void WriteLanguages(int count) {
-    for (char name = 'A'; name < 'A' + count; ++name) {
-      Write(std::string(1, name), std::string(1, name) + "\r\n");
+    for (int i = 0; i < count; ++i) {
+      const std::string name(1, static_cast<char>('A' + i));
+      Write(name, name + "\r\n");
     }
   }
 

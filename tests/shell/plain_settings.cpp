@@ -20,8 +20,9 @@ using ::testing::IsEmpty;
 class SettingsTest : public ::testing::Test {
  protected:
   void WriteLanguages(int count) {
-    for (char name = 'A'; name < 'A' + count; ++name) {
-      WriteText(folder_, std::string(1, name) + ".lng", std::string(1, name) + "\r\n");
+    for (int i = 0; i < count; ++i) {
+      const std::string name(1, static_cast<char>('A' + i));
+      WriteText(folder_, name + ".lng", name + "\r\n");
     }
   }
 

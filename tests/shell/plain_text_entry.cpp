@@ -116,14 +116,7 @@ TEST(IsNumeric, BasedNumbersNeedDigitsOfTheirBase) {
 }
 
 TEST(IsNumeric, CurrencyAndParenthesesPass) {
-  ExpectNumeric({"$5",
-                 "\x80"
-                 "5",
-                 "5 \x80",
-                 "-\xA3"
-                 "5",
-                 "\xA5-5", "(5)", "($5,00)"},
-                kItalian);
+  ExpectNumeric({"$5", "5 \x80", "\x80 5", "-\xA3 5", "\xA5-5", "(5)", "($5,00)"}, kItalian);
 }
 
 TEST(IsNumeric, UnpairedParenthesesAndTwoCurrenciesFail) {

@@ -47,8 +47,8 @@ class TableParser {
   bool ReadLevel(std::string_view line) {
     const std::vector<std::string_view> words = Split(line, ' ');
     const auto level = words.size() == 2 ? ReadNumber(words[1]) : std::nullopt;
-    if (words[0] == "level" && (level == 1U || level == 2U)) {
-      level_ = level == 1U ? 1 : 2;
+    if (words[0] == "level" && level && *level >= 1 && *level <= 2) {
+      level_ = static_cast<int>(*level);
       result_.table.level = *level_;
     } else {
       Report("unknown level: the first line must be \"level 1\" or \"level 2\"");

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <numeric>
 #include <string>
 #include <vector>
 
@@ -38,8 +39,8 @@ std::string DefaultColumn(const IndexRecord& record) {
   if (long_value && std::all_of(bytes.begin(), bytes.end(), plain)) {
     return "\"" + std::string(bytes.begin(), bytes.end()) + "\"";
   }
-  uint32_t number = 0;
-  for (auto byte = bytes.rbegin(); byte != bytes.rend(); ++byte) number = number << 8 | *byte;
+  const uint32_t number = std::accumulate(
+      bytes.rbegin(), bytes.rend(), 0U, [](uint32_t sum, uint8_t byte) { return sum << 8 | byte; });
   return std::to_string(number);
 }
 
