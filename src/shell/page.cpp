@@ -10,13 +10,11 @@
 namespace sorvane {
 
 Page::Page(PageServices services, const QString& form_name)
-    : ChildForm(form_name), services_(services), keeper_(new FocusKeeper(services.gate, this)) {}
+    : ChildForm(form_name), services_(services) {
+  new FocusKeeper(services.gate, this);  // a child of the page
+}
 
-Page::~Page() = default;
-
-void Page::Load() { LoadPage(); }
-
-void Page::LoadPage() {
+void Page::Load() {
   WatchPageParameters();
   LoadPageCaptions();
 }
@@ -45,8 +43,6 @@ void Page::ReplyNotice(const Reply& reply) {
 }
 
 QString Page::Message(int n) const { return FromWestern(services_.messages[n]); }
-
-void Page::WriteParameter(int32_t index, int64_t value) { WriteParameterPair(index, 0, value); }
 
 void Page::WriteParameterPair(int32_t first, int32_t second, int64_t value) {
   services_.access.WriteParameterPair(first, second, value);

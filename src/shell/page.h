@@ -9,20 +9,18 @@
 
 namespace sorvane {
 
-class FocusKeeper;
-
 // A page: a view on some parameters of the table. It holds its parameters from its load to its
 // unload, redraws a field when the board has answered, and writes a parameter when a bar moves; it
 // never speaks to the board.
 //
-// A page source gives its parameters, its captions and what a reply does; and it overrides LoadPage
+// A page source gives its parameters, its captions and what a reply does; and it overrides Load
 // where its order of loading differs.
 class Page : public ChildForm {
  public:
   Page(PageServices services, const QString& form_name);
-  ~Page() override;
 
-  void Load() final;
+  // The order of loading that most pages share: watches, captions.
+  void Load() override;
   void Activate() final;
   void Unload() final;
   void ReplyNotice(const Reply& reply) final;
@@ -32,12 +30,10 @@ class Page : public ChildForm {
 
   PageServices& Services() { return services_; }
   ProgramGate& Gate() { return services_.gate; }
-  FocusKeeper& Keeper() { return *keeper_; }
 
   // Message n of the current language.
   QString Message(int n) const;
 
-  void WriteParameter(int32_t index, int64_t value);
   // A second index of 0 means that the setting has no mirror.
   void WriteParameterPair(int32_t first, int32_t second, int64_t value);
   double ReadParameter(int32_t index) const;
@@ -52,14 +48,11 @@ class Page : public ChildForm {
   virtual void OnReply(const Reply& reply) = 0;
   // Runs after every reply, with Updating false.
   virtual void AfterReply() {}
-  // The order of loading that most pages share: watches, captions.
-  virtual void LoadPage();
 
   void WatchPageParameters();
 
  private:
   PageServices services_;
-  FocusKeeper* keeper_;
 };
 
 }  // namespace sorvane

@@ -42,7 +42,7 @@ std::vector<int32_t> FrmSconti::WatchedParameters() const {
   return watched;
 }
 
-void FrmSconti::LoadPage() {
+void FrmSconti::Load() {
   WatchPageParameters();
   fields_.DisableScroll();
   LoadPageCaptions();

@@ -10,12 +10,13 @@ class FrmSconti : public Page {
  public:
   explicit FrmSconti(const PageServices& services);
 
+  void Load() override;
+
  protected:
   std::vector<int32_t> WatchedParameters() const override;
   void LoadPageCaptions() override;
   void OnReply(const Reply& reply) override;
   void AfterReply() override;
-  void LoadPage() override;
 
  private:
   int16_t Decimals = 255;  // of money amounts; 255 stands for not known yet
