@@ -20,7 +20,7 @@ MAY_CONNECT = {"src/shell/guarded_connect.h", "src/platform/serial_port_linux.cp
 UMBRELLA = re.compile(r"#include\s*<Qt(Core|Gui|Widgets|SerialPort|Test)>")
 SKIPPED = re.compile(r"\bGTEST_SKIP\b|\bDISABLED_|\bQSKIP\b|\bQEXPECT_FAIL\b")
 BANNER = re.compile(r"^//\s*(={4,}|-{4,}|\*{4,}|#{4,})")
-PAGE_INCLUDE = re.compile(r'#include "(link/|pages/(?!frm_info|.*/)|platform/)')
+PAGE_INCLUDE = re.compile(r'#include "(link/|pages/(?!frm_info|program_pages|.*/)|platform/)')
 
 
 def tracked():

@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QDateTime>
 #include <QLocale>
 #include <QStyleFactory>
 #include <QTimer>
@@ -11,7 +12,7 @@
 #include "link/frm_ser.h"
 #include "link/link_lamps.h"
 #include "pages/frm_info.h"
-#include "pages/settings/frm_sconti.h"
+#include "pages/program_pages.h"
 #include "platform/serial_port.h"
 #include "platform/start_program.h"
 #include "platform/usb_adapter.h"
@@ -32,15 +33,6 @@ Separators SystemSeparators() {
   const std::string decimal = ToWestern(locale.decimalPoint());
   const std::string group = ToWestern(locale.groupSeparator());
   return {decimal.empty() ? '.' : decimal.front(), group.empty() ? ',' : group.front()};
-}
-
-template <typename Form>
-std::unique_ptr<ChildForm> Make(const PageServices& services) {
-  return std::make_unique<Form>(services);
-}
-
-std::unique_ptr<ChildForm> MakeInfo(const PageServices&) {
-  return std::make_unique<FrmInfo>(QApplication::applicationDisplayName(), kVersion);
 }
 
 }  // namespace
@@ -75,18 +67,20 @@ int main(int argc, char** argv) {
                .folder = folder,
                .end_program = [&] { gate.End(0); }});
 
-  MainFrame frame(
-      {.gate = gate,
-       .dialogs = *dialogs,
-       .tables = tables,
-       .access = access,
-       .lamps = lamps,
-       .link = link,
-       .separators = SystemSeparators(),
-       .folder = folder,
-       .pages = {{"MnuSconti", "FrmSconti", Make<FrmSconti>}, {"mnuVer", "FrmInfo", MakeInfo}},
-       .find_usb_port = [] { return FindUsbPortLinux("/sys"); },
-       .start_program = [](const std::filesystem::path& path) { StartProgram(path); }});
+  MainFrame frame({.gate = gate,
+                   .dialogs = *dialogs,
+                   .tables = tables,
+                   .access = access,
+                   .lamps = lamps,
+                   .link = link,
+                   .separators = SystemSeparators(),
+                   .locale = QLocale::system(),
+                   .make_timer = MakeQtTimers(gate),
+                   .now = [] { return QDateTime::currentDateTime(); },
+                   .folder = folder,
+                   .pages = ProgramPages(QApplication::applicationDisplayName(), kVersion),
+                   .find_usb_port = [] { return FindUsbPortLinux("/sys"); },
+                   .start_program = [](const std::filesystem::path& path) { StartProgram(path); }});
   dialogs->SetFrame(&frame);
 
   // Start-up may end the program, which only a running event loop can do.

@@ -32,6 +32,11 @@ std::string FormatMoney(double value, uint8_t decimals, const Separators& separa
   return rounded < 0 ? "-" + text : text;
 }
 
+std::string FormatTenths(double raw, const Separators& separators) {
+  const bool whole = std::fmod(raw, 10) == 0;
+  return FormatMoney(raw / 10, whole ? 0 : 1, separators);
+}
+
 int32_t DayNumber(int32_t day, uint8_t month, int16_t year) {
   static constexpr std::array<int32_t, 12> kDaysBefore = {0,   31,  59,  90,  120, 151,
                                                           181, 212, 243, 273, 304, 334};

@@ -16,6 +16,10 @@ struct Separators {
 // decimals. Callers pass the raw value divided by 10 to the power of decimals.
 std::string FormatMoney(double value, uint8_t decimals, const Separators& separators);
 
+// raw tenths as a number with one decimal, or with none where that would be 0: 125 gives "12.5",
+// and 120 gives "12".
+std::string FormatTenths(double raw, const Separators& separators);
+
 // Days of a date counted as the platform's date type does: 1 January 1900 is 2, 1 January 2000 is
 // 36526. year is 1900 or later; month 0 counts as no month before the day; the day isn't checked.
 // Throws RuntimeError kSubscriptOutOfRange for a month above 12.

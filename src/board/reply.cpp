@@ -14,6 +14,10 @@ double Reply::Number() const {
   return sum;
 }
 
+std::string Reply::AsText() const {
+  return IsText() ? Text() : std::to_string(static_cast<int64_t>(Number()));
+}
+
 std::string Reply::Text() const { return {bytes.begin(), bytes.end()}; }
 
 }  // namespace sorvane

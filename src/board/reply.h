@@ -21,6 +21,9 @@ struct Reply {
   // kTypeMismatch for a text: an index file gives a parameter more bytes than its page can take.
   double Number() const;
 
+  // The value as a text: that of a text as it stands, that of a number in decimal digits.
+  std::string AsText() const;
+
   // The value as it stands, in the board's single-byte character set.
   std::string Text() const;
 };

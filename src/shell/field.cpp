@@ -5,81 +5,138 @@
 
 #include "board/formats.h"
 #include "board/numbers.h"
-#include "link/dialogs.h"
 #include "shell/controls/bar.h"
-#include "shell/controls/entry_box.h"
+#include "shell/controls/focus_keeper.h"
 #include "shell/page.h"
-#include "shell/text_entry.h"
 #include "shell/western_text.h"
 
 namespace sorvane {
 
-Field::Field(Page& page, const FieldRow& row, int index, const int16_t& decimals,
-             int32_t& field_value)
+Field::Field(Page& page, QWidget& parent, const FieldRow& row, int index, FieldState& state)
     : page_(page),
       row_(row),
       index_(index),
-      decimals_(decimals),
-      field_value_(field_value),
-      label_(new QLabel(&page)),
-      box_(new EntryBox(page.Gate(), &page)),
-      bar_(new Bar(page.Gate(), &page)) {
-  const auto name = [index](const char* control) {
-    return QString("%1(%2)").arg(control).arg(index);
-  };
-  label_->setObjectName(name(row.label));
-  label_->setBuddy(box_);
-  box_->setObjectName(name(row.text));
+      state_(state),
+      box_(new EntryBox(page.Gate(), &parent)) {
+  box_->setObjectName(ControlName(row.text, row.first + index));
   box_->SetCharacterLimit(row.characters);
+  box_->SetFocusRule(row.focus);
+  box_->SetLocked(row.locked);
   box_->setAlignment(Qt::AlignCenter);
-  box_->on_enter = [this] { OnEnter(); };
-  bar_->setObjectName(name(row.bar));
-  bar_->SetRange(row.minimum, row.maximum);
-  bar_->SetLargeStep(row.large_step);
-  bar_->SetPosition(row.start);
-  bar_->on_change = [this] { OnBarChange(); };
+  if (row.on_enter != OnEnter::kNothing) box_->on_enter = [this] { OnEnterKey(); };
+  if (row.label != nullptr) {
+    label_ = page.AddLabel(ControlName(row.label, row.first_label + index), &parent);
+    label_->setBuddy(box_);
+  }
+  if (row.bar != nullptr) {
+    bar_ = new Bar(page.Gate(), &parent);
+    bar_->setObjectName(ControlName(row.bar, row.first + index));
+    bar_->SetRange(row.minimum, row.maximum);
+    bar_->SetLargeStep(row.large_step);
+    if (row.start) bar_->SetPosition(*row.start);
+    bar_->on_change = [this] { OnBarChange(); };
+  }
 }
 
 void Field::LoadCaption() {
-  const QString caption = QString("%1 %2").arg(page_.Message(row_.message)).arg(index_ + 1);
-  label_->setText(EscapeAmpersands(caption));
-  box_->setAccessibleName(caption);
-  bar_->setAccessibleName(caption);
+  QString caption = page_.Message(row_.message);
+  if (row_.numbering == Numbering::kSpaced) caption += ' ';
+  if (row_.numbering != Numbering::kNone) caption += QString::number(index_ + 1);
+  if (label_ != nullptr) label_->setText(EscapeAmpersands(caption));
+  SetSpokenName(caption);
+}
+
+void Field::SetSpokenName(const QString& name) {
+  box_->setAccessibleName(name);
+  if (bar_ != nullptr) bar_->setAccessibleName(name);
 }
 
 void Field::SetOpen(bool open) {
-  bar_->SetOpen(open);
+  if (bar_ != nullptr) bar_->SetOpen(open);
   box_->SetOpen(open);
 }
 
+void Field::SetRowOpen(bool open) {
+  if (label_ != nullptr) sorvane::SetOpen(*label_, open);
+  SetOpen(open);
+}
+
 void Field::ShowFieldValue(double raw) {
-  const double position = std::clamp<double>(raw - row_.offset, row_.minimum, row_.maximum);
-  bar_->SetPosition(ToInt32(position));
-  const double shown = (position + row_.offset) / PowerOfTen(decimals_);
-  box_->Show(FromWestern(FormatMoney(shown, ToByte(decimals_), page_.Services().separators)));
+  double shown = raw;
+  if (bar_ != nullptr) {
+    const double position = std::clamp<double>(raw - row_.offset, row_.minimum, row_.maximum);
+    bar_->SetPosition(ToInt32(position));
+    if (row_.shown == Shown::kAsTheBarTook) shown = position + row_.offset;
+  }
+  box_->Show(TextOf(shown));
+}
+
+QString Field::TextOf(double raw) const {
+  const Separators& separators = page_.Services().separators;
+  switch (row_.form) {
+    case ValueForm::kMoney:
+    case ValueForm::kPrice:
+      return FromWestern(
+          FormatMoney(raw / PowerOfTen(state_.Decimals), ToByte(state_.Decimals), separators));
+    case ValueForm::kTenths:
+      return FromWestern(FormatTenths(raw, separators));
+    case ValueForm::kWhole:
+    case ValueForm::kShort:
+      break;
+  }
+  return FromWestern(FormatMoney(raw, 0, separators));
+}
+
+Entry Field::Parse() const {
+  const std::string text = ToWestern(box_->text());
+  const Separators& separators = page_.Services().separators;
+  switch (row_.form) {
+    case ValueForm::kMoney:
+      return ParseFieldValue(text, state_.Decimals, separators);
+    case ValueForm::kPrice:
+      return ParsePriceValue(text, state_.Decimals, separators);
+    case ValueForm::kTenths:
+      return ParseTenthsValue(text, separators);
+    case ValueForm::kWhole:
+      return ParseWholeValue(text, separators);
+    case ValueForm::kShort:
+      break;
+  }
+  const Entry entry = ParseWholeValue(text, separators);
+  return {entry.kind, ToInt16(entry.value)};
 }
 
 void Field::OnBarChange() {
   if (page_.Updating) return;
-  const int32_t mirror = row_.mirror == 0 ? 0 : row_.mirror + index_;
-  page_.WriteParameterPair(Parameter(), mirror, int64_t{bar_->Position()} + row_.offset);
+  page_.WriteParameterPair(Parameter(), Mirror(), int64_t{bar_->Position()} + row_.offset);
 }
 
-void Field::OnEnter() {
-  const Entry entry =
-      ParseFieldValue(ToWestern(box_->text()), decimals_, page_.Services().separators);
-  switch (entry.kind) {
-    case Entry::Kind::kValue:
-      field_value_ = entry.value;
-      bar_->SetPosition(field_value_ - row_.offset);
+void Field::OnEnterKey() {
+  const Entry entry = Parse();
+  if (entry.kind != Entry::Kind::kValue) {
+    page_.Refuse(*box_, entry.kind);
+    return;
+  }
+  state_.FieldValue = entry.value;
+  if (entry.value < row_.lowest || entry.value > row_.highest) {
+    page_.Refuse(*box_, Entry::Kind::kRefused);
+  } else {
+    Take(entry.value);
+  }
+}
+
+void Field::Take(int32_t raw) {
+  switch (row_.on_enter) {
+    case OnEnter::kShows:
+      ShowFieldValue(raw);
       break;
-    case Entry::Kind::kRefused:
-      box_->Restore();
+    case OnEnter::kMovesBar:
+      bar_->SetPosition(raw - row_.offset);
       break;
-    case Entry::Kind::kNotNumeric:
-      box_->SetRed();
-      page_.Services().dialogs.Show({"Please Insert Only Number ", "Error", kCriticalIcon},
-                                    [this](Answer) { box_->Restore(); });
+    case OnEnter::kWrites:
+      page_.WriteParameterPair(Parameter(), Mirror(), raw);
+      break;
+    case OnEnter::kNothing:
       break;
   }
 }

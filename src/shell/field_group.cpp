@@ -11,19 +11,21 @@
 namespace sorvane {
 namespace {
 
-constexpr int kBoxCharacters = 9;   // room in a field for the longest amount
-constexpr int kBarCharacters = 30;  // width of a bar
-constexpr int kGapCharacters = 2;   // between two columns of fields
-constexpr int kCellsPerColumn = 4;  // label, field, bar, gap
+constexpr int kGapCharacters = 2;  // between two columns of fields
 
 }  // namespace
 
-FieldGroup::FieldGroup(Page& page, const FieldRow& row, const int16_t& decimals,
-                       int32_t& field_value)
-    : page_(page) {
-  for (int i = 0; i < row.count; ++i) {
-    fields_.push_back(std::make_unique<Field>(page, row, i, decimals, field_value));
+void FieldGroup::Add(QWidget& parent, std::span<const FieldRow> rows) {
+  for (const FieldRow& row : rows) {
+    for (int i = 0; i < row.count; ++i) {
+      fields_.push_back(std::make_unique<Field>(page_, parent, row, i, state_));
+    }
   }
+}
+
+Field& FieldGroup::At(int i) {
+  if (i < 0 || i >= Count()) throw RuntimeError(ErrorCode::kNoSuchElement);
+  return *fields_[static_cast<std::size_t>(i)];
 }
 
 Field* FieldGroup::Find(int32_t parameter) {
@@ -37,32 +39,27 @@ void FieldGroup::LoadCaptions() {
   for (const auto& field : fields_) field->LoadCaption();
 }
 
-void FieldGroup::DisableScroll() {
-  for (const auto& field : fields_) field->SetOpen(false);
-}
-
-void FieldGroup::EnableScroll(int count) {
-  for (int i = 0; i < count; ++i) {
-    if (i >= static_cast<int>(fields_.size())) throw RuntimeError(ErrorCode::kNoSuchElement);
-    fields_[static_cast<std::size_t>(i)]->SetOpen(true);
-  }
+void FieldGroup::SetOpen(bool open) {
+  for (const auto& field : fields_) field->SetOpen(open);
 }
 
 void FieldGroup::Redraw() {
   for (const auto& field : fields_) field->ShowFieldValue(page_.ReadParameter(field->Parameter()));
 }
 
-void FieldGroup::LayOut(QGridLayout& grid, int rows_per_column) {
+void FieldGroup::LayOut(QGridLayout& grid, const Place& place) {
   const int character = page_.fontMetrics().averageCharWidth();
-  for (int i = 0; i < static_cast<int>(fields_.size()); ++i) {
-    Field& field = *fields_[static_cast<std::size_t>(i)];
-    const int row = i % rows_per_column;
-    const int column = i / rows_per_column * kCellsPerColumn;
-    field.Box()->setFixedWidth(kBoxCharacters * character);
-    field.GetBar()->setMinimumWidth(kBarCharacters * character);
-    grid.addWidget(field.Label(), row, column);
+  for (int i = 0; i < Count(); ++i) {
+    Field& field = At(i);
+    const int row = place.row + i % place.rows_per_column;
+    const int column = place.column + i / place.rows_per_column * kCellsPerColumn;
+    field.Box()->setFixedWidth(place.box_characters * character);
+    if (field.Label() != nullptr) grid.addWidget(field.Label(), row, column);
     grid.addWidget(field.Box(), row, column + 1);
-    grid.addWidget(field.GetBar(), row, column + 2);
+    if (field.GetBar() != nullptr) {
+      field.GetBar()->setMinimumWidth(place.bar_characters * character);
+      grid.addWidget(field.GetBar(), row, column + 2);
+    }
     grid.setColumnStretch(column + 2, 1);
     if (column > 0) grid.setColumnMinimumWidth(column - 1, kGapCharacters * character);
   }

@@ -2,40 +2,58 @@
 
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <vector>
 
 #include "shell/field.h"
 
 class QGridLayout;
+class QWidget;
 
 namespace sorvane {
 
-// The fields of one row of a page's table, in their order.
+// The fields of a page's table, or of one part of it, in their order.
 class FieldGroup {
  public:
-  FieldGroup(Page& page, const FieldRow& row, const int16_t& decimals, int32_t& field_value);
+  // state outlives the group.
+  FieldGroup(Page& page, FieldState& state) : page_(page), state_(state) {}
+
+  // Adds the fields of some rows. parent is the page or what stands on it.
+  void Add(QWidget& parent, std::span<const FieldRow> rows);
+
+  int Count() const { return static_cast<int>(fields_.size()); }
+
+  // Throws RuntimeError kNoSuchElement where there is no such field; i counts from 0.
+  Field& At(int i);
 
   // The field of a parameter, or nullptr.
   Field* Find(int32_t parameter);
 
   void LoadCaptions();
 
-  // Closes all fields.
-  void DisableScroll();
-
-  // Opens the first count fields and leaves the others as they are. Throws RuntimeError
-  // kNoSuchElement, after opening all, where there are fewer.
-  void EnableScroll(int count);
+  // Opens or closes all fields, their labels apart.
+  void SetOpen(bool open);
 
   // Draws every field anew from the table, whether the board has answered it or not.
   void Redraw();
 
-  // Lays the fields out as rows of label, field and bar from the given cell on, in columns of
-  // rows_per_column rows side by side.
-  void LayOut(QGridLayout& grid, int rows_per_column);
+  // Lays the fields out as rows of label, field and bar from a cell of the grid on, in columns of
+  // rows_per_column rows side by side. box_characters is the room in a field.
+  struct Place {
+    int row = 0;
+    int column = 0;
+    int rows_per_column = 1;
+    int box_characters = 9;
+    int bar_characters = 30;  // the least width of a bar
+  };
+  void LayOut(QGridLayout& grid, const Place& place);
+
+  // Cells of the grid that a column of fields takes, with the gap behind it.
+  static constexpr int kCellsPerColumn = 4;
 
  private:
   Page& page_;
+  FieldState& state_;
   std::vector<std::unique_ptr<Field>> fields_;
 };
 

@@ -33,8 +33,9 @@ int IndexIn(const QString& entry) { return entry.section('(', 1).section(')', 0,
 }  // namespace
 
 MainFrame::MainFrame(Outside outside)
-    : out_(std::move(outside)), services_{out_.tables, out_.access,  messages_,
-                                          out_.gate,   out_.dialogs, out_.separators} {
+    : out_(std::move(outside)), services_{out_.tables, out_.access,     messages_,
+                                          out_.gate,   out_.dialogs,    out_.separators,
+                                          out_.locale, out_.make_timer, out_.now} {
   setObjectName("MDIForm1");
   auto* area = new Background(this);
   setCentralWidget(area);
@@ -123,7 +124,7 @@ void MainFrame::OnConnected() {
 void MainFrame::OpenPage(const QString& entry) {
   for (const PageRow& row : out_.pages) {
     if (entry != row.menu_entry) continue;
-    pages_->Open(row.form, [this, &row] { return row.make(services_); });
+    pages_->Open(row.form, [&] { return row.make(services_); });
     return;
   }
   out_.dialogs.Show({"This page is not part of the program yet.", "Sorvane", kExclamationIcon},

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QLocale>
 #include <QMainWindow>
 #include <filesystem>
 #include <functional>
@@ -8,24 +9,17 @@
 #include <vector>
 
 #include "shell/message_table.h"
+#include "shell/page_row.h"
 #include "shell/page_services.h"
 #include "shell/settings.h"
 
 namespace sorvane {
 
-class ChildForm;
 class FrmSer;
 class LinkLamps;
 class MainMenu;
 class PageHost;
 class StatusPanels;
-
-// A form that a menu entry opens. The frame knows no page but by such a row.
-struct PageRow {
-  const char* menu_entry;
-  const char* form;
-  std::function<std::unique_ptr<ChildForm>(const PageServices&)> make;
-};
 
 // The one window of the program: menu bar, status bar, and the pages as child windows inside it. It
 // is the start-up object.
@@ -39,7 +33,12 @@ class MainFrame : public QMainWindow {
     LinkLamps& lamps;
     FrmSer& link;
     Separators separators;
-    std::filesystem::path folder;  // of the program
+    QLocale locale;  // the system's, for dates
+    // Makes the timers of the pages.
+    std::function<std::unique_ptr<Timer>(std::chrono::milliseconds, std::function<void()>)>
+        make_timer;
+    std::function<QDateTime()> now;  // the PC's clock, local time
+    std::filesystem::path folder;    // of the program
     std::vector<PageRow> pages;
     std::function<std::string()> find_usb_port;
     std::function<void(const std::filesystem::path&)> start_program;

@@ -1,13 +1,21 @@
 #include "shell/page.h"
 
+#include <QLabel>
+
 #include "board/board_tables.h"
 #include "board/parameter_access.h"
 #include "board/reply.h"
+#include "link/dialogs.h"
+#include "shell/controls/entry_box.h"
 #include "shell/controls/focus_keeper.h"
 #include "shell/message_table.h"
 #include "shell/western_text.h"
 
 namespace sorvane {
+
+QString ControlName(const char* array, int index) {
+  return QString("%1(%2)").arg(array).arg(index);
+}
 
 Page::Page(PageServices services, const QString& form_name)
     : ChildForm(form_name), services_(services) {
@@ -40,6 +48,22 @@ void Page::ReplyNotice(const Reply& reply) {
   OnReply(reply);
   Updating = false;
   AfterReply();
+}
+
+QLabel* Page::AddLabel(const QString& name, QWidget* parent) {
+  auto* label = new QLabel(parent);
+  label->setObjectName(name);
+  return label;
+}
+
+void Page::Refuse(EntryBox& box, Entry::Kind kind) {
+  if (kind == Entry::Kind::kRefused) {
+    box.Restore();
+    return;
+  }
+  box.SetRed();
+  services_.dialogs.Show({"Please Insert Only Number ", "Error", kCriticalIcon},
+                         [&box](Answer) { box.Restore(); });
 }
 
 QString Page::Message(int n) const { return FromWestern(services_.messages[n]); }

@@ -6,8 +6,16 @@
 
 #include "shell/child_form.h"
 #include "shell/page_services.h"
+#include "shell/text_entry.h"
+
+class QLabel;
 
 namespace sorvane {
+
+class EntryBox;
+
+// The name of a control in an array of controls: "Text1(3)".
+QString ControlName(const char* array, int index);
 
 // A page: a view on some parameters of the table. It holds its parameters from its load to its
 // unload, redraws a field when the board has answered, and writes a parameter when a bar moves; it
@@ -28,11 +36,18 @@ class Page : public ChildForm {
   // True while a reply is being put on the page: a change handler of a control writes nothing then.
   bool Updating = false;
 
-  PageServices& Services() { return services_; }
+  const PageServices& Services() const { return services_; }
   ProgramGate& Gate() { return services_.gate; }
 
   // Message n of the current language.
   QString Message(int n) const;
+
+  // A label without text; its name is the control's.
+  QLabel* AddLabel(const QString& name, QWidget* parent);
+
+  // Answers a typed text that isn't taken: a refused one gives way to the saved text without a
+  // word, one that is no number does so behind a message, with the field red meanwhile.
+  void Refuse(EntryBox& box, Entry::Kind kind);
 
   // A second index of 0 means that the setting has no mirror.
   void WriteParameterPair(int32_t first, int32_t second, int64_t value);

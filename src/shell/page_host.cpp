@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QCloseEvent>
+#include <QLayout>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
@@ -17,6 +18,16 @@ namespace {
 
 // The unit in which forms have always been placed.
 constexpr double kTwipsPerPixel = 15;
+
+// Has a window ask all its parts anew for the room that they take. What is behind a tab doesn't
+// tell by itself that it has grown.
+void UpdateGeometries(QWidget& widget) {
+  for (QObject* child : widget.children()) {
+    if (child->isWidgetType()) UpdateGeometries(static_cast<QWidget&>(*child));
+  }
+  if (widget.layout() != nullptr) widget.layout()->activate();
+  widget.updateGeometry();
+}
 
 // The child window that takes the front for a moment while the open forms are refreshed, so that
 // the active one loses it and is activated again.
@@ -92,7 +103,9 @@ void PageHost::Show(Window& window) {
 }
 
 void PageHost::FitToForm(Window& window) {
-  if (!window.isMinimized()) window.resize(window.sizeHint());
+  if (window.isMinimized()) return;
+  UpdateGeometries(window.Form());
+  window.resize(window.sizeHint());
 }
 
 void PageHost::CenterPage(Window& window) const {

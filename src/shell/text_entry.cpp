@@ -1,6 +1,8 @@
 #include "shell/text_entry.h"
 
+#include <charconv>
 #include <cstddef>
+#include <optional>
 #include <string>
 
 #include "board/numbers.h"
@@ -56,6 +58,7 @@ bool IsBasedNumber(std::string_view text) {
 // What may stand before or behind the digits, each but once in all.
 struct Signs {
   bool sign = false;
+  bool negative = false;
   bool currency = false;
   bool opened = false;
   bool closed = false;
@@ -75,6 +78,7 @@ std::string_view SkipSigns(std::string_view text, Signs& signs) {
                        (Holds(kCurrencies, c) && Once(signs.currency)) ||
                        (c == '(' && Once(signs.opened)) || (c == ')' && Once(signs.closed));
     if (!taken) break;
+    if (c == '-' || c == '(') signs.negative = true;
     text.remove_prefix(1);
   }
   return text;
@@ -88,9 +92,18 @@ std::string_view SkipExponent(std::string_view text) {
   return count == 0 ? text : text.substr(digits + count);
 }
 
-bool IsDecimalNumber(std::string_view text, const Separators& separators) {
+// digits with a point and an exponent of the form "e-1", but without group marks and signs.
+double ToDouble(const std::string& number) {
+  double value = 0;
+  std::from_chars(number.data(), number.data() + number.size(), value);
+  return value;
+}
+
+// The number that the locale reads in text; none if it reads none.
+std::optional<double> ReadDecimalNumber(std::string_view text, const Separators& separators) {
   Signs signs;
   text = SkipSigns(text, signs);
+  std::string number;
   bool digit = false;
   bool group = false;
   bool decimal = false;
@@ -98,15 +111,26 @@ bool IsDecimalNumber(std::string_view text, const Separators& separators) {
     const char c = text.front();
     if (IsDigit(c)) {
       digit = true;
+      number += c;
     } else if (IsGroupMark(c, separators) && !decimal) {
       group = true;
     } else if (!IsDecimalMark(c, separators) || !Once(decimal)) {
       break;
+    } else {
+      number += '.';
     }
   }
-  if (digit) text = SkipExponent(text);
+  if (digit) {
+    const std::string_view behind = SkipExponent(text);
+    std::string exponent(text.substr(0, text.size() - behind.size()));
+    if (!exponent.empty()) exponent.front() = 'e';  // whatever letter stands for it
+    number += exponent;
+    text = behind;
+  }
   text = SkipSigns(text, signs);
-  return text.empty() && signs.opened == signs.closed && (digit || group || decimal || signs.sign);
+  const bool whole = text.empty() && signs.opened == signs.closed;
+  if (!whole || !(digit || group || decimal || signs.sign)) return {};
+  return signs.negative ? -ToDouble(number) : ToDouble(number);
 }
 
 int32_t ToNumber(std::string_view digits) {
@@ -119,7 +143,7 @@ int32_t ToNumber(std::string_view digits) {
 
 bool IsNumeric(std::string_view text, const Separators& separators) {
   const std::string_view trimmed = Trim(text);
-  return IsBasedNumber(trimmed) || IsDecimalNumber(trimmed, separators);
+  return IsBasedNumber(trimmed) || ReadDecimalNumber(trimmed, separators).has_value();
 }
 
 Entry ParseFieldValue(std::string_view text, int16_t decimals, const Separators& separators) {
@@ -139,6 +163,22 @@ Entry ParseFieldValue(std::string_view text, int16_t decimals, const Separators&
   const int32_t value = ToInt32(ToNumber(digits) * PowerOfTen(missing));
   if (value > kMostFieldValue) return kRefused;
   return {Entry::Kind::kValue, value};
+}
+
+Entry ParsePriceValue(std::string_view text, int16_t decimals, const Separators& separators) {
+  const bool separated = text.find_first_of(",.") != std::string_view::npos;
+  if (separated && ReadDecimalNumber(Trim(text), separators) == 2.0) return kRefused;
+  return ParseFieldValue(text, decimals, separators);
+}
+
+Entry ParseTenthsValue(std::string_view text, const Separators& separators) {
+  if (text.empty()) return kRefused;
+  if (!IsNumeric(text, separators)) return kNotNumeric;
+  const std::size_t whole = CountDigits(text);
+  const std::string digits(text.substr(0, whole));
+  if (whole == text.size()) return {Entry::Kind::kValue, ToInt32(ToNumber(digits) * 10.0)};
+  if (!Holds(",.", text[whole]) || CountDigits(text.substr(whole + 1)) == 0) return kRefused;
+  return {Entry::Kind::kValue, ToNumber(digits + text[whole + 1])};
 }
 
 Entry ParseWholeValue(std::string_view text, const Separators& separators) {

@@ -32,6 +32,14 @@ bool IsNumeric(std::string_view text, const Separators& separators);
 // Throws RuntimeError kOverflow for one that 32 bits don't hold, as typed or once scaled.
 Entry ParseFieldValue(std::string_view text, int16_t decimals, const Separators& separators);
 
+// The same for a price. An amount of exactly 2 that is typed with a separator is refused: the
+// number is that which the locale reads in the whole text.
+Entry ParsePriceValue(std::string_view text, int16_t decimals, const Separators& separators);
+
+// The tenths of a typed number: exactly one digit counts behind "," or ".", and there must be one.
+// Throws RuntimeError kOverflow for what 32 bits don't hold.
+Entry ParseTenthsValue(std::string_view text, const Separators& separators);
+
 // A typed whole number, without any limit but the 32 bits: RuntimeError kOverflow above them.
 Entry ParseWholeValue(std::string_view text, const Separators& separators);
 

@@ -83,6 +83,14 @@ TEST(DayNumbers, FollowEveryMonthOfALeapYear) {
       2004, {37987, 38018, 38047, 38078, 38108, 38139, 38169, 38200, 38231, 38261, 38292, 38322});
 }
 
+TEST(FormatTenthsText, HasADecimalOnlyWhereItIsNotZero) {
+  EXPECT_EQ(FormatTenths(125, {'.', ','}), "12.5");
+  EXPECT_EQ(FormatTenths(125, {',', '.'}), "12,5");
+  EXPECT_EQ(FormatTenths(120, {'.', ','}), "12");
+  EXPECT_EQ(FormatTenths(5, {'.', ','}), "0.5");
+  EXPECT_EQ(FormatTenths(0, {'.', ','}), "0");
+}
+
 TEST(DayNumbers, KnowThatACenturyIsNoLeapYearUnlessTheFourthOne) {
   EXPECT_EQ(DayNumber(1, 3, 2000) - DayNumber(28, 2, 2000), 2);
   EXPECT_EQ(DayNumber(1, 1, 2001), 36892);

@@ -32,6 +32,12 @@ TEST(ReplyValue, OfATextIsNoNumber) {
   }
 }
 
+TEST(ReplyValue, AsATextIsTheNumberInDigitsOrTheTextItself) {
+  EXPECT_EQ((Reply{9, 2, {255, 255, 255}}.AsText()), "16777215");
+  EXPECT_EQ((Reply{9, 3, {255, 255, 255, 255}}.AsText()), "4294967295");
+  EXPECT_EQ((Reply{12, 4, {'0', '1', ' ', 'x', ' '}}.AsText()), "01 x ");
+}
+
 TEST(ReplyValue, KeepsEveryByteOfAText) {
   const Reply reply{12, 5, {'I', 't', 0, 233, ' ', 255}};
   EXPECT_EQ(reply.Text(), std::string("It\0\xE9 \xFF", 6));

@@ -262,5 +262,82 @@ TEST(ParseWholeValue, SeparatorsSignsAndBlanksAreRefusedWithoutAWord) {
   }
 }
 
+Entry Price(std::string_view text, const Separators& separators, int16_t decimals = 2) {
+  return ParsePriceValue(text, decimals, separators);
+}
+
+TEST(ParsePriceValue, TwoWithTheSeparatorOfTheLocaleIsRefused) {
+  for (const char* text : {"2,0", "2,", "2,00", "02,000"}) {
+    EXPECT_EQ(Price(text, kItalian), kRefused) << text;
+  }
+  for (const char* text : {"2.0", "2.", "2.00", "02.000"}) {
+    EXPECT_EQ(Price(text, kEnglish), kRefused) << text;
+  }
+}
+
+TEST(ParsePriceValue, TwoWithoutASeparatorIsTaken) {
+  EXPECT_EQ(Price("2", kItalian), Value(200));
+  EXPECT_EQ(Price("002", kEnglish), Value(200));
+}
+
+TEST(ParsePriceValue, AllOtherAmountsAreThoseOfAnyField) {
+  EXPECT_EQ(Price("2,50", kItalian), Value(250));
+  EXPECT_EQ(Price("1,0", kItalian), Value(100));
+  EXPECT_EQ(Price("2,01", kItalian), Value(201));
+  EXPECT_EQ(Price("12.0", kEnglish), Value(1200));
+  EXPECT_EQ(Price("-2,0", kItalian), kRefused);
+  EXPECT_EQ(Price("", kItalian), kRefused);
+  EXPECT_EQ(Price("2,x", kItalian), kNotNumeric);
+}
+
+TEST(ParsePriceValue, TheGroupMarkOfTheLocaleIsReadOver) {
+  EXPECT_EQ(Price("2.0", kItalian), Value(200));  // the locale reads 20
+  EXPECT_EQ(Price("2,0", kEnglish), Value(200));
+  EXPECT_EQ(Price("2.", kItalian), kRefused);
+  EXPECT_EQ(Price(",2", kEnglish), kRefused);
+  EXPECT_EQ(Price(".2", kEnglish), Value(20));
+}
+
+TEST(ParsePriceValue, TheWholeTextCountsAlsoWhereItIsDroppedUnread) {
+  EXPECT_EQ(Price("20,0e-1", kItalian, 1), kRefused);
+  EXPECT_EQ(Price("2,00D0", kItalian), kRefused);
+  EXPECT_EQ(Price("2,00e1", kItalian), Value(200));
+  EXPECT_EQ(Price("2,00-", kItalian), Value(200));
+  EXPECT_EQ(Price("2,00 ", kItalian), kRefused);
+}
+
+TEST(ParsePriceValue, TwoIsRefusedEvenWhereItsProductWouldOverflow) {
+  EXPECT_EQ(Price("2,0", kItalian, 255), kRefused);
+}
+
+Entry Tenths(std::string_view text) { return ParseTenthsValue(text, kItalian); }
+
+TEST(ParseTenthsValue, ExactlyOneDigitCountsBehindTheSeparator) {
+  EXPECT_EQ(Tenths("12"), Value(120));
+  EXPECT_EQ(Tenths("12,5"), Value(125));
+  EXPECT_EQ(Tenths("12.5"), Value(125));
+  EXPECT_EQ(Tenths("12,55"), Value(125));
+  EXPECT_EQ(Tenths("12,5-"), Value(125));
+  EXPECT_EQ(Tenths(",5"), Value(5));
+}
+
+TEST(ParseTenthsValue, ASeparatorWithoutADigitBehindIsRefused) {
+  for (const char* text : {"12,", "12.", ",", "12,-", ""}) {
+    EXPECT_EQ(Tenths(text), kRefused) << text;
+  }
+}
+
+TEST(ParseTenthsValue, WhatIsNoDigitIsRefusedAndWhatIsNoNumberIsTold) {
+  EXPECT_EQ(Tenths("-5"), kRefused);
+  EXPECT_EQ(Tenths("1e2"), kRefused);
+  EXPECT_EQ(Tenths("abc"), kNotNumeric);
+}
+
+TEST(ParseTenthsValue, TenthsAbove32BitsOverflow) {
+  EXPECT_EQ(Tenths("214748364"), Value(2147483640));
+  EXPECT_EQ(ErrorOf([] { Tenths("214748365"); }), ErrorCode::kOverflow);
+  EXPECT_EQ(ErrorOf([] { Tenths("2147483648,0"); }), ErrorCode::kOverflow);
+}
+
 }  // namespace
 }  // namespace sorvane

@@ -13,7 +13,7 @@
 #include <stdexcept>
 
 #include "pages/frm_info.h"
-#include "pages/settings/frm_sconti.h"
+#include "pages/program_pages.h"
 #include "shell/child_form.h"
 
 namespace sorvane::test {
@@ -34,14 +34,6 @@ std::string LanguageText(const std::string& name) {
 
 }  // namespace
 
-std::vector<PageRow> ProgramPages() {
-  return {{"MnuSconti", "FrmSconti",
-           [](const PageServices& services) { return std::make_unique<FrmSconti>(services); }},
-          {"mnuVer", "FrmInfo", [](const PageServices&) {
-             return std::make_unique<FrmInfo>("Sorvane", Version{1, 0, 0});
-           }}};
-}
-
 Program::Program(const Setup& setup)
     : link({.parameters = MachineRows(), .timers = setup.timers}),
       gate({.report = [this](const std::string& text,
@@ -61,8 +53,11 @@ Program::Program(const Setup& setup)
       .lamps = link.lamps,
       .link = link.ser,
       .separators = setup.separators,
+      .locale = setup.locale,
+      .make_timer = link.clock.Maker(),
+      .now = [this] { return now(); },
       .folder = link.folder.Path(),
-      .pages = setup.pages.empty() ? ProgramPages() : setup.pages,
+      .pages = setup.pages.empty() ? ProgramPages("Sorvane", Version{1, 0, 0}) : setup.pages,
       .find_usb_port = [port = setup.usb_port] { return port; },
       .start_program = [this](const std::filesystem::path& path) { started.push_back(path); }});
   link.board.SetDelay(0);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QDateTime>
+#include <QLocale>
 #include <QString>
 #include <functional>
 #include <memory>
@@ -27,8 +29,9 @@ class Program {
  public:
   struct Setup {
     Separators separators{'.', ','};
-    std::vector<PageRow> pages = {};  // none: those of the program
-    std::string usb_port = {};        // what the look-up finds
+    QLocale locale{QLocale::English, QLocale::UnitedKingdom};  // of dates: 05/03/2026
+    std::vector<PageRow> pages = {};                           // none: those of the program
+    std::string usb_port = {};                                 // what the look-up finds
     bool language_files = true;
     // Takes the clock's maker of timers and gives the one that the program gets.
     std::function<TimerMaker(TimerMaker)> timers = {};
@@ -73,6 +76,12 @@ class Program {
   std::string File(const std::string& name) const;
   void WriteText(const std::string& name, const std::string& text) const;
 
+  // The PC's clock as the program reads it; a test may put another one in its place. It starts at
+  // half past ten on 5 March 2026 and goes on with the virtual time of the link.
+  std::function<QDateTime()> now = [this] {
+    return QDateTime(QDate(2026, 3, 5), QTime(10, 30)).addMSecs(link.clock.Now().count());
+  };
+
   Link link;
   std::vector<std::string> reports;            // of run-time errors
   std::vector<int> exits;                      // exit codes with which the loop was left
@@ -83,8 +92,5 @@ class Program {
  private:
   QWidget& FindWidget(const QString& form, const QString& control);
 };
-
-// The rows of the program's own pages.
-std::vector<PageRow> ProgramPages();
 
 }  // namespace sorvane::test

@@ -10,14 +10,14 @@
 namespace sorvane {
 namespace {
 
-constexpr int kNoLimit = 32767;
+constexpr int kMostCharacters = 32767;  // that the toolkit's field holds
 const QColor kRed(255, 0, 0);
 const QColor kGreen(0, 255, 0);
 
 }  // namespace
 
 EntryBox::EntryBox(ProgramGate& gate, QWidget* parent)
-    : QLineEdit(parent), gate_(gate), limit_(kNoLimit) {
+    : QLineEdit(parent), gate_(gate), limit_(kMostCharacters) {
   ConnectGuarded(gate, this, &QLineEdit::textEdited, this,
                  [this](const QString&) { TightenLimit(); });
 }
@@ -35,7 +35,7 @@ void EntryBox::Show(const QString& text) {
 }
 
 void EntryBox::SetText(const QString& text) {
-  setMaxLength(kNoLimit);
+  setMaxLength(kMostCharacters);
   setText(text);
   setMaxLength(std::max(limit_, static_cast<int>(text.size())));
 }

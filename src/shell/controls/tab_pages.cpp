@@ -32,9 +32,11 @@ TabPages::TabPages(ProgramGate& gate, QWidget* parent)
                  [this](int tab) { BringToFront(tab); });
 }
 
-void TabPages::AddTab(const QString& caption, QWidget* page) {
+QWidget* TabPages::AddTab(const QString& caption) {
+  auto* page = new QWidget(pages_);
   pages_->addWidget(page);
   SetCaption(strip_->addTab(QString()), caption);
+  return page;
 }
 
 void TabPages::SetCaption(int tab, const QString& caption) {

@@ -22,8 +22,9 @@ class TabPages : public QWidget {
  public:
   TabPages(ProgramGate& gate, QWidget* parent);
 
-  // Adds a tab behind the last and takes page over. The first tab is in front; all are open.
-  void AddTab(const QString& caption, QWidget* page);
+  // Adds a tab behind the last and returns its page, still empty. The first tab is in front; all
+  // are open.
+  QWidget* AddTab(const QString& caption);
 
   // Tabs count from 0; a tab that doesn't exist is RuntimeError kInvalidPropertyValue. Captions
   // show as they are, ampersands included.

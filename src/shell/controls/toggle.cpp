@@ -73,7 +73,7 @@ void Toggle::paintEvent(QPaintEvent*) {
   const QPointF right(body.right() - radius, body.center().y());
   painter.setPen(checked_ ? QPen(Qt::NoPen) : QPen(Outline(), 1));
   painter.setBrush(palette().color(checked_ ? QPalette::HighlightedText : QPalette::Button));
-  painter.drawEllipse(checked_ ? right : left, knob, knob);
+  painter.drawEllipse(checked_ != on_at_left_ ? right : left, knob, knob);
   DrawFocusFrame(painter);
 }
 

@@ -22,11 +22,10 @@ struct TabPagesTest : testing::Test, GateBench {
     new FocusKeeper(gate, &page);
     (new QVBoxLayout(&page))->addWidget(tabs);
     for (const char* caption : {"Orologio", "Sconti", "Accendi"}) {
-      auto* sheet = new QWidget;
+      QWidget* sheet = tabs->AddTab(caption);
       fields.push_back(new EntryBox(gate, sheet));
       fields.back()->Show("5");
       (new QVBoxLayout(sheet))->addWidget(fields.back());
-      tabs->AddTab(caption, sheet);
     }
   }
   void SetUp() override { ShowActive(page); }

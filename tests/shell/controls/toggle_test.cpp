@@ -1,6 +1,7 @@
 #include "shell/controls/toggle.h"
 
 #include <QApplication>
+#include <QImage>
 #include <QKeyEvent>
 
 #include "shell/controls/bench.h"
@@ -97,6 +98,30 @@ TEST_F(ToggleTest, ClosedSwitchTakesNoClickButShowsWhatTheProgramSets) {
   EXPECT_TRUE(toggle.IsChecked());
   toggle.SetChecked(false);
   EXPECT_FALSE(toggle.IsChecked());
+}
+
+// Whether the knob of a switch that is on stands in its left half.
+bool KnobIsAtLeft(Toggle& toggle) {
+  const QImage picture = toggle.grab().toImage();
+  const QColor knob = toggle.palette().color(QPalette::HighlightedText);
+  const int middle = picture.height() / 2;
+  const int left = picture.width() * 3 / 10;
+  const int right = picture.width() - 1 - left;
+  EXPECT_NE(picture.pixelColor(left, middle), picture.pixelColor(right, middle));
+  return picture.pixelColor(left, middle) == knob;
+}
+
+TEST_F(ToggleTest, TheKnobOfASwitchThatIsOnStandsAtTheRight) {
+  toggle.resize(toggle.sizeHint());
+  toggle.SetChecked(true);
+  EXPECT_FALSE(KnobIsAtLeft(toggle));
+}
+
+TEST_F(ToggleTest, TheKnobStandsAtTheLeftWhereTheCaptionsSaySo) {
+  toggle.resize(toggle.sizeHint());
+  toggle.SetOnAtLeft();
+  toggle.SetChecked(true);
+  EXPECT_TRUE(KnobIsAtLeft(toggle));
 }
 
 TEST_F(ToggleTest, TakesTheFocusOnAClickAndByTab) {
