@@ -4,6 +4,8 @@
 
 #include "pages/frm_info.h"
 #include "pages/settings/frm_imposta.h"
+#include "pages/settings/frm_orologio.h"
+#include "pages/settings/frm_pagamento.h"
 #include "pages/settings/frm_password.h"
 #include "pages/settings/frm_prezzi.h"
 #include "pages/settings/frm_sconti.h"
@@ -37,6 +39,8 @@ std::vector<PageRow> ProgramPages(const QString& title, const Version& version) 
           {"MnuSconti", "FrmSconti", Make<FrmSconti>},
           RowOf<SelectionMapPage>("Mnutasti", kFrmTastiColonna),
           RowOf<SelectionMapPage>("MnuColonne", kFrmColonnaProd),
+          {"MnuPagamento", "FrmPagamento", Make<FrmPagamento>},
+          {"MnuOrologio", "FrmOrologio", Make<FrmOrologio>},
           {"mnuVer", "FrmInfo", make_info}};
 }
 

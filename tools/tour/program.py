@@ -176,6 +176,18 @@ class Program:
         self._tab_to(self._front(), control)
         self._desk.press(*keys)
 
+    def tabs_to_the_right(self, strip):
+        """Brings the open tabs of a row to the front, one by one, and gives each one's caption."""
+        def front():
+            return next((tab.name for tab in strip.all("page tab") if tab.has("focused")), None)
+
+        while True:
+            before = front()
+            self.press_in(strip, "Right")
+            if before == front():
+                return
+            yield front()
+
     def close_page(self, page):
         """Closes the page in front."""
         self._front()

@@ -83,8 +83,13 @@ class Element:
         return found
 
     def focus(self):
-        """What has the keyboard below this element, as something to compare; None if nothing."""
+        """What has the keyboard below this element, as something to compare; None if nothing.
+
+        The tab in front says that it is focused wherever the keyboard is; its row tells the truth.
+        """
         for child in self.children:
+            if child.role == "page tab":
+                continue
             inner = child.focus()
             if inner or child.has("focused"):
                 return inner or (child.role, child.name, child.place)

@@ -1,0 +1,288 @@
+#include "pages/settings/frm_pagamento.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+#include "board/numbers.h"
+#include "board/parameter.h"
+#include "board/reply.h"
+#include "pages/settings/frm_pagamento_fields.h"
+#include "shell/controls/bar.h"
+#include "shell/controls/focus_keeper.h"
+#include "shell/controls/slider.h"
+#include "shell/controls/tab_pages.h"
+#include "shell/western_text.h"
+
+namespace sorvane {
+namespace {
+
+constexpr int kTitle = 5;  // messages
+constexpr int kGeneralTabCaption = 79;
+constexpr int kSystemFrame = 80;
+constexpr int kBanknotesTabCaption = 81;
+constexpr int kCoinsTabCaption = 82;
+constexpr int kFirstMdbTabCaption = 100;
+
+constexpr int kBanknotesTab = 1;  // of the left half
+constexpr int kCoinsTab = 2;
+constexpr int kMdbTabs = 3;
+
+constexpr int kDecimalPointField = 1;
+constexpr int kSaleModeField = 3;
+
+constexpr int kBoxCharacters = 11;
+constexpr int kBarCharacters = 16;
+
+constexpr const char* kSystems = "Validatore, Executive, MDB";
+constexpr const char* kSaleModes[] = {"Multipla", "Temp.", "Singola"};
+// By the number of decimals; with a point in every locale.
+constexpr const char* kPatterns[] = {"00000", "0000.0", "000.00", "00.000", "0.0000"};
+
+// What a payment system does to a control.
+enum class To { kOpen, kClose, kSame };
+
+struct SystemRow {
+  const char* control;
+  To validator;
+  To executive;
+  To mdb;
+};
+
+// The switch of "Resto Subito", SwitchX2(2), isn't among these: with a validator or MDB its label
+// is grey, and the switch lives on. Boards in the field have been living with it.
+constexpr SystemRow kSystemRows[] = {{"SSTab1", To::kClose, To::kClose, To::kOpen},
+                                     {"LabelMess1(44)", To::kOpen, To::kOpen, To::kClose},
+                                     {"Text5(1)", To::kOpen, To::kOpen, To::kClose},
+                                     {"HScroll5(1)", To::kOpen, To::kOpen, To::kClose},
+                                     {"LabelMess1(45)", To::kClose, To::kClose, To::kOpen},
+                                     {"Text5(2)", To::kClose, To::kClose, To::kOpen},
+                                     {"HScroll5(2)", To::kClose, To::kClose, To::kOpen},
+                                     {"LabelMess1(46)", To::kOpen, To::kClose, To::kSame},
+                                     {"Text5(3)", To::kOpen, To::kClose, To::kSame},
+                                     {"HScroll5(3)", To::kOpen, To::kClose, To::kSame},
+                                     {"LabelMess1(19)", To::kClose, To::kOpen, To::kClose},
+                                     {"SwitchX2(1)", To::kClose, To::kOpen, To::kClose},
+                                     {"LabelMess1(20)", To::kClose, To::kOpen, To::kClose}};
+
+// The same for the tabs of the left half.
+struct SystemTabRow {
+  int tab;
+  To validator;
+  To executive;
+  To mdb;
+};
+
+constexpr SystemTabRow kSystemTabRows[] = {{kCoinsTab, To::kOpen, To::kClose, To::kClose},
+                                           {kBanknotesTab, To::kClose, To::kClose, To::kOpen}};
+
+constexpr int kValidator = 1;
+constexpr int kExecutive = 2;
+constexpr int kMdb = 3;
+
+template <typename Row>
+To Of(const Row& row, int system) {
+  if (system == kValidator) return row.validator;
+  return system == kExecutive ? row.executive : row.mdb;
+}
+
+}  // namespace
+
+// The controls are made in the order in which Tab goes through them.
+FrmPagamento::FrmPagamento(const PageServices& services)
+    : Page(services, "FrmPagamento"),
+      general_(*this, state_),
+      limits_(*this, state_),
+      tubes_(*this, state_),
+      tokens_(*this, state_),
+      coins_(*this, state_),
+      sale_(*this, parameter::kOptions, parameter::kOptionsMirror, SaleFlags),
+      changer_(*this, parameter::kChangerFlags, parameter::kChangerFlagsMirror, ChangerFlags),
+      banknotes_low_(*this, parameter::kBanknoteFlagsLow, parameter::kBanknoteFlagsLowMirror,
+                     BanknoteFlagsLow),
+      banknotes_high_(*this, parameter::kBanknoteFlagsHigh, parameter::kBanknoteFlagsHighMirror,
+                      BanknoteFlagsHigh) {
+  general_tabs_ = new TabPages(Gate(), this);
+  general_tabs_->setObjectName("SSTab2");
+  AddGeneralTab();
+  AddBanknotesTab();
+  AddCoinsTab();
+  mdb_tabs_ = new TabPages(Gate(), this);
+  mdb_tabs_->setObjectName("SSTab1");
+  AddLimitsTab();
+  AddTubesTab();
+  AddTokensTab();
+  auto* layout = new QHBoxLayout(this);
+  layout->addWidget(general_tabs_, 1);
+  layout->addWidget(mdb_tabs_, 1);
+}
+
+QGroupBox* FrmPagamento::AddFrame(int index, QWidget* tab) {
+  auto* frame = new QGroupBox(tab);
+  frame->setObjectName(ControlName("Frame1", index));
+  return frame;
+}
+
+QLabel* FrmPagamento::AddHead(int index, const char* text, QWidget* parent) {
+  QLabel* head = AddLabel(ControlName("Label8", index), parent);
+  head->setText(text);
+  return head;
+}
+
+void FrmPagamento::LayOutFields(FieldGroup& fields, QWidget* frame) {
+  auto* grid = new QGridLayout(frame);
+  fields.LayOut(*grid, {.rows_per_column = fields.Count(),
+                        .box_characters = kBoxCharacters,
+                        .bar_characters = kBarCharacters});
+}
+
+void FrmPagamento::AddGeneralTab() {
+  QWidget* tab = general_tabs_->AddTab(QString());
+  system_frame_ = AddFrame(5, tab);
+  system_ = new Slider(Gate(), system_frame_);
+  system_->setObjectName("SlswitchX1");
+  system_->SetLabels(kSystems);
+  system_->on_change = [this] { OnSystemChange(); };
+  auto* system = new QHBoxLayout(system_frame_);
+  system->addWidget(system_);
+  system->addStretch();
+
+  auto* layout = new QVBoxLayout(tab);
+  layout->addWidget(system_frame_);
+  layout->addWidget(AddModes(tab));
+  auto* fields = new QWidget(tab);
+  general_.Add(*fields, kGeneralRows);
+  LayOutFields(general_, fields);
+  layout->addWidget(fields);
+  layout->addStretch();
+}
+
+QWidget* FrmPagamento::AddModes(QWidget* tab) {
+  QGroupBox* frame = AddFrame(6, tab);
+  for (const FlagRow& row : kSaleRows) sale_.Add(*frame, row);
+  auto* grid = new QGridLayout(frame);
+  sale_.LayOut(*grid, {.first = 0, .count = static_cast<int>(std::size(kSaleRows))},
+               AddHead(4, "No", frame), AddHead(5, "Si", frame));
+  grid->setColumnStretch(2, 1);
+  return frame;
+}
+
+std::vector<int32_t> FrmPagamento::WatchedParameters() const {
+  std::vector<int32_t> watched;
+  for (int32_t k = parameter::kPaymentSystem; k < parameter::kBaseCoin; ++k) watched.push_back(k);
+  for (const int32_t k : {parameter::kOptions, parameter::kBaseCoin, parameter::kDecimalPoint,
+                          parameter::kDecimals}) {
+    watched.push_back(k);
+  }
+  for (int32_t k = parameter::kCreditTimeout; k < parameter::kCoinValues + coins_.Count(); ++k) {
+    watched.push_back(k);
+  }
+  return watched;
+}
+
+void FrmPagamento::Load() {
+  mdb_tabs_->SetFront(0);
+  general_tabs_->SetFront(0);
+  LoadPageCaptions();
+  WatchPageParameters();
+}
+
+void FrmPagamento::LoadPageCaptions() {
+  setWindowTitle(Message(kTitle));
+  general_tabs_->SetCaption(0, Message(kGeneralTabCaption));
+  system_frame_->setTitle(EscapeAmpersands(Message(kSystemFrame)));
+  system_->setAccessibleName(Message(kSystemFrame));
+  general_tabs_->SetCaption(kBanknotesTab, Message(kBanknotesTabCaption));
+  general_tabs_->SetCaption(kCoinsTab, Message(kCoinsTabCaption));
+  sale_.LoadCaptions();
+  general_.LoadCaptions();
+  LoadMdbCaptions();
+  for (int tab = 0; tab < kMdbTabs; ++tab) {
+    mdb_tabs_->SetCaption(tab, Message(kFirstMdbTabCaption + tab));
+  }
+  LoadCoinCaptions();
+}
+
+void FrmPagamento::OnReply(const Reply& reply) {
+  switch (reply.index) {
+    case parameter::kDecimals:
+      OnDecimals(reply.Number());
+      return;
+    case parameter::kDecimalPoint:
+      return;  // what the page shows follows the decimals alone
+    case parameter::kSaleMode:
+      OnSaleMode(reply);
+      return;
+    case parameter::kPaymentSystem:
+      OnPaymentSystem(reply.Number());
+      return;
+    case parameter::kOptions:
+      sale_.ShowFlags(ToByte(reply.Number()));
+      return;
+    case parameter::kChangerFlags:
+      changer_.ShowFlags(ToByte(reply.Number()));
+      return;
+    case parameter::kBanknoteFlagsLow:
+      banknotes_low_.ShowFlags(ToInt16(reply.Number()));
+      return;
+    case parameter::kBanknoteFlagsHigh:
+      banknotes_high_.ShowFlags(ToInt16(reply.Number()));
+      return;
+    default:
+      break;
+  }
+  for (FieldGroup* group : {&general_, &limits_, &tubes_, &tokens_, &coins_}) {
+    if (Field* field = group->Find(reply.index)) field->ShowFieldValue(ToInt32(reply.Number()));
+  }
+}
+
+void FrmPagamento::OnDecimals(double value) {
+  if (value == state_.Decimals) return;
+  state_.Decimals = ToByte(value);
+  Field& field = general_.At(kDecimalPointField);
+  field.GetBar()->SetPosition(state_.Decimals);  // which has no place for more than 4
+  field.Box()->Show(kPatterns[state_.Decimals]);
+  for (FieldGroup* group : {&limits_, &tokens_, &coins_}) DrawAnew(*group);
+}
+
+void FrmPagamento::DrawAnew(FieldGroup& fields) {
+  for (int i = 0; i < fields.Count(); ++i) {
+    Field& field = fields.At(i);
+    field.ShowFieldValue(ToInt32(ReadParameter(field.Parameter())));
+  }
+}
+
+void FrmPagamento::OnSaleMode(const Reply& reply) {
+  const auto mode = static_cast<std::size_t>(ToInt32(reply.Number()));
+  Field& field = general_.At(kSaleModeField);
+  field.ShowFieldValue(reply.Number());
+  if (mode < std::size(kSaleModes)) field.Box()->Show(kSaleModes[mode]);
+}
+
+void FrmPagamento::OnPaymentSystem(double system) {
+  for (const int known : {kValidator, kExecutive, kMdb}) {
+    if (system != known) continue;
+    system_->SetPosition(known - 1);
+    ShowPaymentSystem(known);
+  }
+}
+
+void FrmPagamento::ShowPaymentSystem(int system) {
+  for (const SystemRow& row : kSystemRows) {
+    const To to = Of(row, system);
+    if (to != To::kSame) SetOpen(*findChild<QWidget*>(row.control), to == To::kOpen);
+  }
+  for (const SystemTabRow& row : kSystemTabRows) {
+    general_tabs_->SetTabOpen(row.tab, Of(row, system) == To::kOpen);
+  }
+}
+
+void FrmPagamento::OnSystemChange() {
+  if (Updating) return;
+  WriteParameterPair(parameter::kPaymentSystem, parameter::kPaymentSystemMirror,
+                     system_->Position() + 1);
+}
+
+}  // namespace sorvane

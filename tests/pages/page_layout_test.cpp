@@ -1,0 +1,180 @@
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QGroupBox>
+#include <QLabel>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QPushButton>
+#include <QStyle>
+#include <QTabBar>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+#include "shell/child_form.h"
+#include "shell/controls/bar.h"
+#include "shell/controls/entry_box.h"
+#include "shell/controls/painted_control.h"
+#include "shell/controls/tab_pages.h"
+#include "shell/program.h"
+
+// How the pages look in the shipped languages: the texts that stand on them are measured by the
+// program's own font. The whole runs once more at a scale of 200 %.
+namespace sorvane::test {
+namespace {
+
+struct PageName {
+  const char* entry;
+  const char* form;
+};
+constexpr PageName kPages[] = {
+    {"MnuPassword", "FrmPassword"},   {"MnuImpostazioni", "FrmImposta"},
+    {"MnuPrezzi", "FrmPrezzi"},       {"MnuSconti", "FrmSconti"},
+    {"MnuPagamento", "FrmPagamento"}, {"Mnutasti", "FrmTastiColonna"},
+    {"MnuColonne", "FrmColonnaProd"}, {"MnuOrologio", "FrmOrologio"},
+};
+
+// The whole program in one of the shipped languages, over a board whose values are the widest that
+// their fields show.
+class Layout : public testing::TestWithParam<const char*> {
+ protected:
+  Layout()
+      : program({.language_files = false,
+                 .settings = std::string("Com=1\r\nLingua=") + GetParam() + "\r\n"}) {
+    const std::string file = std::string(GetParam()) + ".lng";
+    std::ifstream in(std::filesystem::path(SORVANE_DATA_FOLDER) / "languages" / file,
+                     std::ios::binary);
+    program.WriteText(file, {std::istreambuf_iterator<char>(in), {}});
+    FillBoard();
+    program.Connect();
+  }
+
+  void FillBoard() {
+    const std::string name = "ABCDEFGHIJKLMNOP";
+    for (int k = 12; k <= 21; ++k) program.link.SetBoard(k, Bytes(name.begin(), name.end()));
+    program.link.SetBoardNumber(2, 10);
+    program.link.SetBoardNumber(6, 255);
+    program.link.SetBoardNumber(9, 16777215);
+    program.link.SetBoardNumber(10, 65535);
+    program.link.SetBoardNumber(22, 2);
+    for (int k = 23; k <= 52; ++k) program.link.SetBoardNumber(k, 65535);
+    for (int k = 73; k <= 75; ++k) program.link.SetBoardNumber(k, 65535);
+    for (int k = 81; k <= 83; ++k) program.link.SetBoardNumber(k, 65535);
+    for (int k = 90; k <= 95; ++k) program.link.SetBoardNumber(k, 65535);
+    for (int k = 108; k <= 117; ++k) program.link.SetBoardNumber(k, 100);
+    for (int k = 279; k <= 352; ++k) program.link.SetBoardNumber(k, 4294967295U);
+  }
+
+  // Opens a page and passes each of its tabs to look.
+  template <typename Look>
+  void ForEachTab(const PageName& page, const Look& look) {
+    program.Open(page.entry);
+    auto* form = program.frame->findChild<ChildForm*>(page.form);
+    ASSERT_NE(form, nullptr);
+    look(*form);
+    for (TabPages* tabs : form->findChildren<TabPages*>()) {
+      for (int tab = 0; tab < 3; ++tab) {
+        tabs->SetFront(tab);
+        QCoreApplication::processEvents();
+        look(*form);
+      }
+    }
+    form->parentWidget()->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  }
+
+  Program program;
+};
+
+QString NameOf(const QWidget& widget) {
+  return QString("%1 \"%2\"").arg(widget.objectName(), widget.property("text").toString());
+}
+
+QRect PlaceOn(const QWidget& form, const QWidget& widget) {
+  return {widget.mapTo(&form, QPoint(0, 0)), widget.size()};
+}
+
+// What shows on a form and isn't only a holder of other controls.
+std::vector<QWidget*> Shown(const ChildForm& form) {
+  std::vector<QWidget*> shown;
+  for (QWidget* widget : form.findChildren<QWidget*>()) {
+    const bool control = qobject_cast<QLabel*>(widget) != nullptr ||
+                         qobject_cast<EntryBox*>(widget) != nullptr ||
+                         qobject_cast<PaintedControl*>(widget) != nullptr ||
+                         qobject_cast<QPushButton*>(widget) != nullptr;
+    if (control && widget->isVisible()) shown.push_back(widget);
+  }
+  return shown;
+}
+
+// A locked field is as wide as its text; the others as what can be typed there.
+bool HasRoomForItsText(const QWidget& widget) {
+  if (const auto* box = qobject_cast<const EntryBox*>(&widget)) {
+    const int frame = 2 * box->style()->pixelMetric(QStyle::PM_DefaultFrameWidth);
+    return box->fontMetrics().horizontalAdvance(box->text().trimmed()) + frame <= box->width();
+  }
+  const bool bar = qobject_cast<const Bar*>(&widget) != nullptr;  // a long one is only nicer
+  const QSize least = bar ? widget.minimumSizeHint() : widget.sizeHint();
+  return widget.width() >= least.width() && widget.height() >= least.height();
+}
+
+bool HasRoomForItsTitle(const QGroupBox& frame) {
+  return frame.fontMetrics().horizontalAdvance(frame.title()) <= frame.width();
+}
+
+TEST_P(Layout, NothingIsCutOff) {
+  for (const PageName& page : kPages) {
+    ForEachTab(page, [&](const ChildForm& form) {
+      for (const QWidget* widget : Shown(form)) {
+        EXPECT_TRUE(HasRoomForItsText(*widget))
+            << page.form << " " << NameOf(*widget).toStdString() << " has " << widget->width()
+            << " by " << widget->height();
+        EXPECT_TRUE(form.rect().contains(PlaceOn(form, *widget)))
+            << page.form << " " << NameOf(*widget).toStdString();
+      }
+      for (const QGroupBox* frame : form.findChildren<QGroupBox*>()) {
+        EXPECT_TRUE(!frame->isVisible() || HasRoomForItsTitle(*frame)) << page.form;
+      }
+      for (const QTabBar* strip : form.findChildren<QTabBar*>()) {
+        EXPECT_GE(strip->width(), strip->sizeHint().width()) << page.form;
+      }
+    });
+  }
+}
+
+TEST_P(Layout, ControlsKeepClearOfEachOther) {
+  for (const PageName& page : kPages) {
+    ForEachTab(page, [&](const ChildForm& form) {
+      const std::vector<QWidget*> shown = Shown(form);
+      for (std::size_t one = 0; one < shown.size(); ++one) {
+        for (std::size_t other = one + 1; other < shown.size(); ++other) {
+          EXPECT_FALSE(PlaceOn(form, *shown[one]).intersects(PlaceOn(form, *shown[other])))
+              << page.form << " " << NameOf(*shown[one]).toStdString() << " "
+              << NameOf(*shown[other]).toStdString();
+        }
+      }
+    });
+  }
+}
+
+TEST_P(Layout, EachPageFitsTheFrameWithItsTitleBarInView) {
+  for (const PageName& page : kPages) {
+    ForEachTab(page, [&](const ChildForm& form) {
+      const QWidget& window = *form.parentWidget();
+      const auto* area = program.frame->findChild<QMdiArea*>();
+      EXPECT_TRUE(area->rect().contains(window.geometry()))
+          << page.form << " " << window.x() << " " << window.y() << " " << window.width() << " "
+          << window.height();
+    });
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(InEachLanguage, Layout,
+                         testing::Values("Dansk", "Deutsch", "English", "Espanol", "Francais",
+                                         "Italiano", "Nederlands", "Norsk", "Portugues", "Svenska"),
+                         [](const auto& row) { return row.param; });
+
+}  // namespace
+}  // namespace sorvane::test
