@@ -2,6 +2,10 @@
 
 #include <memory>
 
+#include "pages/audit/channel_page.h"
+#include "pages/audit/frm_allarmi.h"
+#include "pages/audit/frm_contatori.h"
+#include "pages/audit/frm_totali.h"
 #include "pages/frm_info.h"
 #include "pages/settings/frm_imposta.h"
 #include "pages/settings/frm_orologio.h"
@@ -41,6 +45,11 @@ std::vector<PageRow> ProgramPages(const QString& title, const Version& version) 
           RowOf<SelectionMapPage>("MnuColonne", kFrmColonnaProd),
           {"MnuPagamento", "FrmPagamento", Make<FrmPagamento>},
           {"MnuOrologio", "FrmOrologio", Make<FrmOrologio>},
+          {"MnuTotali", "FrmTotali", Make<FrmTotali>},
+          {"MnuContatori", "FrmContatori", Make<FrmContatori>},
+          RowOf<ChannelPage>("MnuMonete", kFrmMonete),
+          RowOf<ChannelPage>("MnuBanconote", kFrmBanconote),
+          {"MnuAllarmi", "FrmAllarmi", Make<FrmAllarmi>},
           {"mnuVer", "FrmInfo", make_info}};
 }
 

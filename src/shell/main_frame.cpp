@@ -123,12 +123,8 @@ void MainFrame::OnConnected() {
 
 void MainFrame::OpenPage(const QString& entry) {
   for (const PageRow& row : out_.pages) {
-    if (entry != row.menu_entry) continue;
-    pages_->Open(row.form, [&] { return row.make(services_); });
-    return;
+    if (entry == row.menu_entry) pages_->Open(row.form, [&] { return row.make(services_); });
   }
-  out_.dialogs.Show({"This page is not part of the program yet.", "Sorvane", kExclamationIcon},
-                    [](Answer) {});
 }
 
 void MainFrame::ChooseUsb() {

@@ -71,10 +71,14 @@ class Scene(unittest.TestCase):
         """Those of the entries for a connected board that are enabled."""
         return [path for path in CONNECTED_ENTRIES if self.program.enabled(*path)]
 
+    def open(self, *path, title):
+        """Opens a page by the captions of its menu entry and waits for it."""
+        self.program.choose(*path)
+        self.page = self.program.page(title)
+
     def open_discounts(self):
         """Opens the page of the discounts and waits until it can be edited."""
-        self.program.choose("Sconti")
-        self.page = self.program.page("Sconti")
+        self.open("Sconti", title="Sconti")
         wait_for("open field", lambda: self.field(10).has("enabled"))
 
     def field(self, row):

@@ -11,10 +11,6 @@ class Settings(Scene):
         super().setUp()
         self.connect()
 
-    def open(self, *path, title):
-        self.program.choose(*path)
-        self.page = self.program.page(title)
-
     def text(self, name):
         return wait_for(f"field {name}", lambda: self.page.find("text", name))
 

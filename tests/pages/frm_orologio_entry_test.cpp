@@ -9,7 +9,6 @@
 namespace sorvane::test {
 namespace {
 
-using testing::ElementsAre;
 using testing::IsEmpty;
 
 using OrologioEntry = OrologioPage;

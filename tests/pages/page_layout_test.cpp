@@ -25,17 +25,6 @@
 namespace sorvane::test {
 namespace {
 
-struct PageName {
-  const char* entry;
-  const char* form;
-};
-constexpr PageName kPages[] = {
-    {"MnuPassword", "FrmPassword"},   {"MnuImpostazioni", "FrmImposta"},
-    {"MnuPrezzi", "FrmPrezzi"},       {"MnuSconti", "FrmSconti"},
-    {"MnuPagamento", "FrmPagamento"}, {"Mnutasti", "FrmTastiColonna"},
-    {"MnuColonne", "FrmColonnaProd"}, {"MnuOrologio", "FrmOrologio"},
-};
-
 // The whole program in one of the shipped languages, over a board whose values are the widest that
 // their fields show.
 class Layout : public testing::TestWithParam<const char*> {
@@ -69,7 +58,7 @@ class Layout : public testing::TestWithParam<const char*> {
 
   // Opens a page and passes each of its tabs to look.
   template <typename Look>
-  void ForEachTab(const PageName& page, const Look& look) {
+  void ForEachTab(const PageEntry& page, const Look& look) {
     program.Open(page.entry);
     auto* form = program.frame->findChild<ChildForm*>(page.form);
     ASSERT_NE(form, nullptr);
@@ -125,7 +114,7 @@ bool HasRoomForItsTitle(const QGroupBox& frame) {
 }
 
 TEST_P(Layout, NothingIsCutOff) {
-  for (const PageName& page : kPages) {
+  for (const PageEntry& page : kPageEntries) {
     ForEachTab(page, [&](const ChildForm& form) {
       for (const QWidget* widget : Shown(form)) {
         EXPECT_TRUE(HasRoomForItsText(*widget))
@@ -145,7 +134,7 @@ TEST_P(Layout, NothingIsCutOff) {
 }
 
 TEST_P(Layout, ControlsKeepClearOfEachOther) {
-  for (const PageName& page : kPages) {
+  for (const PageEntry& page : kPageEntries) {
     ForEachTab(page, [&](const ChildForm& form) {
       const std::vector<QWidget*> shown = Shown(form);
       for (std::size_t one = 0; one < shown.size(); ++one) {
@@ -160,7 +149,7 @@ TEST_P(Layout, ControlsKeepClearOfEachOther) {
 }
 
 TEST_P(Layout, EachPageFitsTheFrameWithItsTitleBarInView) {
-  for (const PageName& page : kPages) {
+  for (const PageEntry& page : kPageEntries) {
     ForEachTab(page, [&](const ChildForm& form) {
       const QWidget& window = *form.parentWidget();
       const auto* area = program.frame->findChild<QMdiArea*>();

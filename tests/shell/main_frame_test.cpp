@@ -166,12 +166,14 @@ TEST(Menu, StandsInItsOrder) {
             "MnuOrologio MnuVendite MnuAllarmi mnuLingue mnuWL mnuCom mnuVer");
 }
 
-TEST(Menu, AnEntryWithoutItsPageSaysSo) {
+TEST(Menu, EachEntryOpensItsPage) {
   Program program;
   program.Connect();
-  program.Choose("MnuTotali");
-  ASSERT_EQ(program.link.dialogs.Shown().size(), 1U);
-  EXPECT_FALSE(program.IsOpen("FrmTotali"));
+  for (const auto& [entry, form] : kPageEntries) {
+    EXPECT_FALSE(program.IsOpen(form)) << form;
+    program.Choose(entry);
+    EXPECT_TRUE(program.IsOpen(form)) << form;
+  }
 }
 
 TEST(Menu, ThePortOfTheSettingsIsChecked) {

@@ -16,6 +16,21 @@ class QAction;
 
 namespace sorvane::test {
 
+// The pages over a connected board, and the menu entries that open them.
+struct PageEntry {
+  const char* entry;
+  const char* form;
+};
+inline constexpr PageEntry kPageEntries[] = {
+    {"MnuPassword", "FrmPassword"},   {"MnuImpostazioni", "FrmImposta"},
+    {"MnuPrezzi", "FrmPrezzi"},       {"MnuSconti", "FrmSconti"},
+    {"MnuPagamento", "FrmPagamento"}, {"Mnutasti", "FrmTastiColonna"},
+    {"MnuColonne", "FrmColonnaProd"}, {"MnuOrologio", "FrmOrologio"},
+    {"MnuTotali", "FrmTotali"},       {"MnuContatori", "FrmContatori"},
+    {"MnuMonete", "FrmMonete"},       {"MnuBanconote", "FrmBanconote"},
+    {"MnuAllarmi", "FrmAllarmi"},
+};
+
 // The whole program on virtual time, but for its event loop, port and boxes: the real main frame
 // and pages over the real link, and a board at the other end of the wire whose second-level file
 // has all records of a machine. The folder holds ten language files, "Alfa" to "Lima" without

@@ -19,11 +19,17 @@ from wait import wait_for
 SETTLED = 0.6  # seconds for which nothing on a page changes
 THIRD_DISCOUNT = 45
 
-# In Italian, the language that the tour starts with.
-PAGES = (("Password",), ("Impostazioni",), ("Prezzi",), ("Sconti",), ("Pagamento",),
-         ("Set ", "Tasti / Colonne"), ("Set ", "Colonne / Prodotti"), ("Orologio",),
-         ("Vendite", "Totali"), ("Vendite", "Contatori"), ("Vendite", "Monete"),
-         ("Vendite", "Banconote"), ("Allarmi",))
+# The language that the tour starts with, and the one that it changes to.
+FIRST_LANGUAGE = "Italiano"
+SECOND_LANGUAGE = "Deutsch"
+
+# The ways to the pages through the menu: lines of the language files, and the caption that all
+# languages share.
+PAGES = ((1,), (2,), (3,), (4,), (5,), ("Set ", 6), ("Set ", 7), (8,), (9, 10), (9, 11), (9, 12),
+         (9, 13), (14,))
+PAYMENT = 5
+DISCOUNTS = 4
+LANGUAGES = 15
 
 
 class Tour:
@@ -36,7 +42,9 @@ class Tour:
         self._folder = desk.folder / "tour" / "Sorvane"
         shutil.copytree(built, self._folder, symlinks=True,
                         ignore=shutil.ignore_patterns("COM1"))
-        (self._folder / "Sorvane.ini").write_bytes(b"Com=1\r\nLingua=Italiano\r\n")
+        settings = f"Com=1\r\nLingua={FIRST_LANGUAGE}\r\n"
+        (self._folder / "Sorvane.ini").write_bytes(settings.encode("cp1252"))
+        self._read_captions(FIRST_LANGUAGE)
         self._board = Board(self._folder, desk.environment)
         self._program = Program(desk, self._folder)
 
@@ -50,14 +58,23 @@ class Tour:
         with open(self._pictures / "tour.txt", "a", encoding="utf-8") as lines:
             print(line, file=lines)
 
+    def _read_captions(self, language):
+        text = (self._folder / f"{language}.lng").read_text(encoding="cp1252")
+        self._captions = text.splitlines()
+
+    def _caption(self, step):
+        return step if isinstance(step, str) else self._captions[step - 1].strip()
+
     def run(self):
         self.start()
         self.open_each_page()
+        self.choose_each_payment_system()
         self.change_a_discount()
         self.type_garbage()
         self.pull_the_cable()
         self.show_info()
         self.change_language()
+        self.open_each_page()
         self.leave()
 
     def start(self):
@@ -68,24 +85,37 @@ class Tour:
         self.step("connect", "Connect has asked the board who it is and opened the entries.")
 
     def open_each_page(self):
-        """Those entries that have no page yet answer with a box and are passed over."""
-        absent = []
-        for path in PAGES:
+        for way in PAGES:
+            path = tuple(self._caption(step) for step in way)
             self._program.choose(*path)
-            wait_for("page or box", lambda: self._program.pages() or self._program.has_box())
-            if self._program.has_box():
-                self._program.answer("OK")
-                absent.append(path[-1])
-                continue
-            page = self._program.pages()[0]
+            page = wait_for("page", lambda: next(iter(self._program.pages()), None))
             self._wait_settled(page)
-            name = path[-1].lower().replace(" / ", "-")
-            fields = len(page.all("text"))
-            self.step(name, f"{' > '.join(path).replace('Set  ', 'Set ')}: "
-                            f"page {page.name} with {fields} fields.")
+            words = f"{' > '.join(path).replace('Set  ', 'Set ')}: page {page.name}"
+            self.step(f"page-{way[-1]}", f"{words}.")
+            self._show_tabs(page, f"page-{way[-1]}", words)
             self._program.close_page(page)
-        if absent:
-            print(f"    without a page so far: {', '.join(absent)}")
+
+    def _show_tabs(self, page, name, words):
+        """Takes a picture of each tab that can be brought to the front."""
+        for strip in (strip for strip in page.all("page tab list") if strip.has("enabled")):
+            for tab in self._program.tabs_to_the_right(strip):
+                self._wait_settled(page)
+                self.step(f"{name}-tab", f"{words}, tab {tab}.")
+
+    def choose_each_payment_system(self):
+        """The board's answer to the choice of system opens and closes the rest of the page."""
+        self._program.choose(self._caption(PAYMENT))
+        page = self._program.page(self._caption(PAYMENT))
+        self._wait_settled(page)
+        slider = page.all("slider")[0]
+        for key, system in (("Home", "Validatore"), ("Right", "Executive"), ("End", "MDB")):
+            self._program.press_in(slider, key)
+            self._wait_settled(page)
+            self.step(f"system-{system.lower()}", f"The payment system is {system}.")
+            if system == "Validatore":
+                self._show_tabs(page, "system-validatore", "With a validator, page Pagamento")
+                self._program.press_in(page.all("page tab list")[0], "Left", "Left")
+        self._program.close_page(page)
 
     def _wait_settled(self, page):
         seen, since = None, 0
@@ -93,6 +123,8 @@ class Tour:
         def settled():
             nonlocal seen, since
             now = [(field.text, field.has("enabled")) for field in page.all("text")]
+            now += [label.name for label in page.all("label")]
+            now += [(bar.has("showing"), bar.value) for bar in page.all("progress bar")]
             if now != seen:
                 seen, since = now, time.monotonic()
             return time.monotonic() - since > SETTLED
@@ -141,17 +173,19 @@ class Tour:
         self._program.close_page(page)
 
     def change_language(self):
-        self._program.point_at("Lingue", "English")
+        self._program.point_at(self._caption(LANGUAGES), SECOND_LANGUAGE)
         self.step("languages", "Lingue lists the languages, with a mark at the one in use.")
         self._desk.press("Return")
-        self._program.page("Discounts")
-        self.step("english", "Menu and open pages have taken on English.")
+        self._read_captions(SECOND_LANGUAGE)
+        page = self._program.page(self._caption(DISCOUNTS))
+        self.step("second-language", f"Menu and open pages have taken on {SECOND_LANGUAGE}.")
+        self._program.close_page(page)
 
     def leave(self):
         self._program.close_frame()
         code = self._program.wait_end(2)
         lines = (self._folder / "Sorvane.ini").read_text(encoding="cp1252").split()
-        if code != 0 or lines != ["Com=1", "Lingua=English"]:
+        if code != 0 or lines != ["Com=1", f"Lingua={SECOND_LANGUAGE}"]:
             raise RuntimeError(f"the program ended with {code} and left {lines}")
         self.step("end", f"The program has ended; its settings say {' and '.join(lines)}.")
 

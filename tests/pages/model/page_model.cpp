@@ -45,7 +45,11 @@ void PageModel::Deliver(int parameter, const Bytes& value) {
                                                static_cast<qsizetype>(value.size()))));
   } else {
     std::int64_t number = 0;
-    for (auto byte = value.rbegin(); byte != value.rend(); ++byte) number = number * 256 + *byte;
+    std::int64_t weight = 1;
+    for (const uint8_t byte : value) {
+      number += byte * weight;
+      weight *= 256;
+    }
     OnReply(parameter, number);
   }
   updating_ = false;

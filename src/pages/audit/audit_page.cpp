@@ -1,0 +1,75 @@
+#include "pages/audit/audit_page.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+
+#include "board/reply.h"
+#include "shell/western_text.h"
+
+namespace sorvane {
+namespace {
+
+constexpr const char* kWidest = " 4294967.295 ";  // what a box has room for
+
+}  // namespace
+
+AuditPage::AuditPage(const PageServices& services, const char* form_name, int title_message,
+                     std::span<const AuditGroup> groups)
+    : Page(services, form_name), title_message_(title_message) {
+  auto* cells = new QGridLayout(this);
+  for (const AuditGroup& group : groups) AddGroup(*cells, group);
+}
+
+void AuditPage::AddGroup(QGridLayout& cells, const AuditGroup& group) {
+  QWidget* parent = nullptr;
+  if (group.frame == kNoFrame) {
+    parent = new QWidget(this);
+  } else {
+    parent = new QGroupBox(this);
+    parent->setObjectName(ControlName("Frame1", group.frame));
+  }
+  auto* grid = new QGridLayout(parent);
+  grid->setColumnStretch(0, 1);
+  for (const AuditRow& row : group.rows) {
+    for (int i = 0; i < row.count; ++i) AddRow(*grid, *parent, row, i);
+  }
+  grid->setRowStretch(grid->rowCount(), 1);
+  cells.addWidget(parent, group.row, group.column);
+}
+
+void AuditPage::AddRow(QGridLayout& grid, QWidget& parent, const AuditRow& row, int i) {
+  QLabel* caption = AddLabel(ControlName(row.caption, row.caption_index + i), &parent);
+  captions_.push_back({caption, row.message, row.number == 0 ? 0 : row.number + i});
+  QLabel* value = AddLabel(ControlName("Label1", row.value + i), &parent);
+  value->setFrameStyle(QFrame::Panel | QFrame::Sunken);
+  value->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  value->setMinimumWidth(fontMetrics().horizontalAdvance(kWidest) + 2 * value->frameWidth());
+  value->setBackgroundRole(QPalette::Base);
+  value->setAutoFillBackground(true);
+  value->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  values_.insert(row.parameter + i, value);
+  const int line = grid.count() / 2;  // two cells a row
+  grid.addWidget(caption, line, 0);
+  grid.addWidget(value, line, 1);
+}
+
+void AuditPage::Load() {
+  LoadPageCaptions();
+  WatchPageParameters();
+}
+
+void AuditPage::LoadPageCaptions() {
+  for (const Caption& caption : captions_) {
+    QString text = Message(caption.message);
+    if (caption.number != 0) text += QString(" %1").arg(caption.number);
+    caption.label->setText(EscapeAmpersands(text));
+  }
+  setWindowTitle(Message(title_message_));
+}
+
+void AuditPage::OnReply(const Reply& reply) {
+  if (QLabel* value = Value(reply.index)) value->setText(FromWestern(reply.AsText()));
+}
+
+}  // namespace sorvane

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <QMap>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "shell/field.h"
+#include "shell/page.h"
+
+class QGridLayout;
+
+namespace sorvane {
+
+// A value that the board has recorded, under its caption. A row stands for count rows whose
+// parameters, control indexes and numbers follow one another.
+struct AuditRow {
+  const char* caption;  // "LabelMess1"
+  int caption_index;
+  int message;
+  int number;  // behind the caption, after a blank, of the first row; 0 for none
+  int value;   // control index of the value, Label1
+  int32_t parameter;
+  int count = 1;
+};
+
+// The rows that stand together, at a cell of the page.
+struct AuditGroup {
+  int frame;  // control index of the frame around them, Frame1; kNoFrame for none
+  std::span<const AuditRow> rows;
+  int row;
+  int column;
+};
+inline constexpr int kNoFrame = -1;
+
+// A page that only reads: each reply stands in a bordered box behind its caption, as a plain
+// number.
+class AuditPage : public Page {
+ public:
+  // groups outlive the page.
+  AuditPage(const PageServices& services, const char* form_name, int title_message,
+            std::span<const AuditGroup> groups);
+
+  void Load() override;
+
+ protected:
+  void LoadPageCaptions() override;
+  void OnReply(const Reply& reply) override;
+
+  // The box of a parameter, or nullptr.
+  QLabel* Value(int32_t parameter) const { return values_.value(parameter); }
+
+ private:
+  struct Caption {
+    QLabel* label;
+    int message;
+    int number;
+  };
+
+  void AddGroup(QGridLayout& cells, const AuditGroup& group);
+  void AddRow(QGridLayout& grid, QWidget& parent, const AuditRow& row, int i);
+
+  int title_message_;
+  std::vector<Caption> captions_;
+  QMap<int32_t, QLabel*> values_;  // by parameter
+};
+
+}  // namespace sorvane

@@ -1,0 +1,88 @@
+#include "pages/audit/frm_allarmi.h"
+
+#include <QLabel>
+#include <QLocale>
+#include <QProgressBar>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "board/parameter.h"
+#include "board/reply.h"
+#include "shell/controls/record_list.h"
+#include "shell/dates.h"
+#include "shell/western_text.h"
+
+namespace sorvane {
+namespace {
+
+constexpr int32_t kRingBytes = parameter::kAlarmRecords * parameter::kAlarmRecordLength;
+constexpr int kAllReplies = kRingBytes + 1;  // of the ring and its pointer
+
+QString DateText(const Alarm& alarm, const QLocale& locale) {
+  if (!alarm.dated) return "00/00/00";
+  return locale.toString(DateOf(alarm.day_number), QLocale::ShortFormat);
+}
+
+// "09:05"; what is no time shows as the numbers that it is.
+QString TimeText(const Alarm& alarm) {
+  return QString("%1:%2").arg(alarm.hour, 2, 10, QChar('0')).arg(alarm.minute, 2, 10, QChar('0'));
+}
+
+}  // namespace
+
+FrmAllarmi::FrmAllarmi(const PageServices& services)
+    : Page(services, "FrmAllarmi"),
+      list_(new RecordList({"nr.", "data", "ora", "descrizione"}, parameter::kAlarmRecords, this)),
+      progress_(new QProgressBar(this)) {
+  setWindowTitle("Allarmi");
+  list_->setObjectName("ListView1");
+  progress_->setObjectName("ProgressBar1");
+  progress_->setRange(0, kAllReplies);
+  progress_->setValue(0);
+  progress_->setTextVisible(false);
+  QLabel* heading = AddLabel("Label1", this);
+  heading->setText("Ultimi 20 allarmi rilevati");
+  heading->setBuddy(list_);
+  list_->setAccessibleName(heading->text());
+  auto* layout = new QVBoxLayout(this);
+  layout->addWidget(heading);
+  layout->addWidget(list_, 1);
+  layout->addWidget(progress_);
+}
+
+std::vector<int32_t> FrmAllarmi::WatchedParameters() const {
+  std::vector<int32_t> watched = {parameter::kAlarmPointer};
+  for (int32_t i = 0; i < kRingBytes; ++i) watched.push_back(parameter::kAlarmRing + i);
+  return watched;
+}
+
+void FrmAllarmi::OnReply(const Reply& reply) {
+  if (ring_.Take(reply)) {
+    ++AlarmReplies;
+    if (IsRingFresh()) BuildAlarmList();
+  }
+  ShowProgress();
+}
+
+bool FrmAllarmi::IsRingFresh() const {
+  for (int32_t i = 0; i < kRingBytes; ++i) {
+    if (!IsParameterFresh(parameter::kAlarmRing + i)) return false;
+  }
+  return IsParameterFresh(parameter::kAlarmPointer);
+}
+
+void FrmAllarmi::BuildAlarmList() {
+  QList<QStringList> rows;
+  for (const Alarm& alarm : ring_.Alarms()) {
+    rows.append({QString::number(rows.size() + 1), DateText(alarm, Services().locale),
+                 TimeText(alarm), FromWestern(AlarmText(alarm.code))});
+  }
+  list_->SetRows(rows);
+}
+
+void FrmAllarmi::ShowProgress() {
+  progress_->setValue(static_cast<int>(std::min<int64_t>(AlarmReplies, kAllReplies)));
+  if (AlarmReplies >= kAllReplies) progress_->hide();
+}
+
+}  // namespace sorvane
