@@ -85,6 +85,7 @@ inline constexpr int32_t kPasswordDigitsMirror = 415;
 inline constexpr int kSelectionRows = 10;
 inline constexpr int kAlarmRecords = 20;
 inline constexpr int kAlarmRecordLength = 8;
+inline constexpr int kAlarmBytes = kAlarmRecords * kAlarmRecordLength;
 inline constexpr int kChannels = 16;
 
 }  // namespace sorvane::parameter

@@ -42,7 +42,7 @@ void Field::LoadCaption() {
   QString caption = page_.Message(row_.message);
   if (row_.numbering == Numbering::kSpaced) caption += ' ';
   if (row_.numbering != Numbering::kNone) caption += QString::number(index_ + 1);
-  if (label_ != nullptr) label_->setText(EscapeAmpersands(caption));
+  if (label_ != nullptr) Page::SetCaption(*label_, caption);
   SetSpokenName(caption);
 }
 

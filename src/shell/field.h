@@ -86,8 +86,6 @@ class Field {
   QLabel* Label() { return label_; }  // nullptr without one
   EntryBox* Box() { return box_; }
   Bar* GetBar() { return bar_; }  // nullptr without one
-  const FieldRow& Row() const { return row_; }
-  int Index() const { return index_; }
   int32_t Parameter() const { return row_.parameter + index_; }
 
   // The caption of the row's message.

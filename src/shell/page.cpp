@@ -1,6 +1,7 @@
 #include "shell/page.h"
 
 #include <QLabel>
+#include <QPointer>
 
 #include "board/board_tables.h"
 #include "board/parameter_access.h"
@@ -23,8 +24,8 @@ Page::Page(PageServices services, const QString& form_name)
 }
 
 void Page::Load() {
-  WatchPageParameters();
   LoadPageCaptions();
+  WatchPageParameters();
 }
 
 void Page::Activate() { LoadPageCaptions(); }
@@ -53,7 +54,13 @@ void Page::ReplyNotice(const Reply& reply) {
 QLabel* Page::AddLabel(const QString& name, QWidget* parent) {
   auto* label = new QLabel(parent);
   label->setObjectName(name);
+  label->setTextFormat(Qt::PlainText);
   return label;
+}
+
+void Page::SetCaption(QLabel& label, const QString& caption) {
+  // A label that belongs to another control takes an ampersand for the mark of an access key.
+  label.setText(label.buddy() == nullptr ? caption : EscapeAmpersands(caption));
 }
 
 void Page::Refuse(EntryBox& box, Entry::Kind kind) {
@@ -63,7 +70,9 @@ void Page::Refuse(EntryBox& box, Entry::Kind kind) {
   }
   box.SetRed();
   services_.dialogs.Show({"Please Insert Only Number ", "Error", kCriticalIcon},
-                         [&box](Answer) { box.Restore(); });
+                         [field = QPointer<EntryBox>(&box)](Answer) {
+                           if (field) field->Restore();  // the page may have been closed
+                         });
 }
 
 QString Page::Message(int n) const { return FromWestern(services_.messages[n]); }

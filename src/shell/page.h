@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
 #include <vector>
 
 #include "shell/child_form.h"
@@ -27,7 +26,7 @@ class Page : public ChildForm {
  public:
   Page(PageServices services, const QString& form_name);
 
-  // The order of loading that most pages share: watches, captions.
+  // The order of loading that most pages share: captions, watches.
   void Load() override;
   void Activate() final;
   void Unload() final;
@@ -44,6 +43,9 @@ class Page : public ChildForm {
 
   // A label without text; its name is the control's.
   QLabel* AddLabel(const QString& name, QWidget* parent);
+
+  // Puts a caption on a label as it stands, ampersands included.
+  static void SetCaption(QLabel& label, const QString& caption);
 
   // Answers a typed text that isn't taken: a refused one gives way to the saved text without a
   // word, one that is no number does so behind a message, with the field red meanwhile.

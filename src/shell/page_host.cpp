@@ -81,7 +81,7 @@ void PageHost::Open(const QString& form_name, const Maker& make) {
   }
   Window* window = Add(make());
   window->Form().Load();
-  FitToForm(*window);
+  window->resize(RoomOf(*window));
   CenterPage(*window);
   Show(*window);
 }
@@ -102,10 +102,9 @@ void PageHost::Show(Window& window) {
   area_.setActiveSubWindow(&window);
 }
 
-void PageHost::FitToForm(Window& window) {
-  if (window.isMinimized()) return;
+QSize PageHost::RoomOf(Window& window) {
   UpdateGeometries(window.Form());
-  window.resize(window.sizeHint());
+  return window.sizeHint();
 }
 
 void PageHost::CenterPage(Window& window) const {
@@ -155,7 +154,8 @@ void PageHost::OnActivated(QMdiSubWindow* window) {
   const auto open = std::find(windows_.begin(), windows_.end(), window);
   if (open == windows_.end()) return;
   (*open)->Form().Activate();
-  FitToForm(**open);
+  // Its captions may have grown; a window that the user has enlarged stays as large.
+  if (!(*open)->isMinimized()) (*open)->resize((*open)->size().expandedTo(RoomOf(**open)));
 }
 
 void PageHost::OnClosed(Window& window) {

@@ -8,6 +8,7 @@
 class QMdiArea;
 class QMdiSubWindow;
 class QMenu;
+class QSize;
 
 namespace sorvane {
 
@@ -45,8 +46,8 @@ class PageHost : public QObject {
 
   Window* Add(std::unique_ptr<ChildForm> form);
   void Show(Window& window);
-  // Sizes the window to its form, whose captions may have changed.
-  static void FitToForm(Window& window);
+  // The room that the window's form takes, with all that stands behind its tabs.
+  static QSize RoomOf(Window& window);
   // Moves the window to the middle of the frame, a little above it.
   void CenterPage(Window& window) const;
   void OnActivated(QMdiSubWindow* window);

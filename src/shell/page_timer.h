@@ -8,7 +8,7 @@
 
 namespace sorvane {
 
-// Calls a handler of a page once per interval while it runs. It doesn't outlive its owner's end.
+// Calls a handler of a page once per interval while it runs. Its end stops it.
 class PageTimer {
  public:
   // Stands still at first.

@@ -15,7 +15,8 @@ QString FromWestern(std::string_view text);
 // "?" stands for each character that the set doesn't have.
 std::string ToWestern(const QString& text);
 
-// text for a menu entry or a label, where a single ampersand would mark an access key.
+// text for a menu entry, a frame's title or the label of a control, where a single ampersand would
+// mark an access key.
 QString EscapeAmpersands(const QString& text);
 
 // text as a file system without regard to case compares it: names that differ in case only are

@@ -96,7 +96,7 @@ class Settings(Scene):
         self.wait_text("Tubo3", "12")
         self.leave_held({78: 12, 372: 12})
 
-    def test_each_payment_system_is_taken_up_from_the_boards_answer(self):
+    def test_a_payment_system_is_taken_up_from_the_boards_answer(self):
         self.open("Pagamento", title="Pagamento")
         slider = wait_for("slider", lambda: self.page.find("slider", "Tipo Sistema"))
         wait_for("MDB", lambda: slider.value == 2)
@@ -105,7 +105,7 @@ class Settings(Scene):
         self.wait_open("Punto Decimale")
         self.leave_held({71: 1, 365: 1})
 
-    def test_a_password_digit_is_held_twice_after_half_a_second(self):
+    def test_a_password_digit_is_held_twice(self):
         self.open("Password", title="Password")
         self.wait_text("Password 2", "2")
         self.program.type_into(self.text("Password 2"), "7")

@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QEvent>
 #include <QGroupBox>
+#include <QHeaderView>
 #include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -12,11 +13,13 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <stdexcept>
 
 #include "shell/child_form.h"
 #include "shell/controls/bar.h"
 #include "shell/controls/entry_box.h"
 #include "shell/controls/painted_control.h"
+#include "shell/controls/record_list.h"
 #include "shell/controls/tab_pages.h"
 #include "shell/program.h"
 
@@ -35,31 +38,47 @@ class Layout : public testing::TestWithParam<const char*> {
     const std::string file = std::string(GetParam()) + ".lng";
     std::ifstream in(std::filesystem::path(SORVANE_DATA_FOLDER) / "languages" / file,
                      std::ios::binary);
+    if (!in) throw std::runtime_error(file + " is missing");
     program.WriteText(file, {std::istreambuf_iterator<char>(in), {}});
     FillBoard();
     program.Connect();
   }
 
+  void SetAll(int first, int last, std::uint32_t value) {
+    for (int k = first; k <= last; ++k) program.link.SetBoardNumber(k, value);
+  }
+
   void FillBoard() {
     const std::string name = "ABCDEFGHIJKLMNOP";
     for (int k = 12; k <= 21; ++k) program.link.SetBoard(k, Bytes(name.begin(), name.end()));
-    program.link.SetBoardNumber(2, 10);
+    SetAll(1, 10, 10);
     program.link.SetBoardNumber(6, 255);
     program.link.SetBoardNumber(9, 16777215);
     program.link.SetBoardNumber(10, 65535);
     program.link.SetBoardNumber(22, 2);
-    for (int k = 23; k <= 52; ++k) program.link.SetBoardNumber(k, 65535);
-    for (int k = 73; k <= 75; ++k) program.link.SetBoardNumber(k, 65535);
-    for (int k = 81; k <= 83; ++k) program.link.SetBoardNumber(k, 65535);
-    for (int k = 90; k <= 95; ++k) program.link.SetBoardNumber(k, 65535);
-    for (int k = 108; k <= 117; ++k) program.link.SetBoardNumber(k, 100);
-    for (int k = 279; k <= 352; ++k) program.link.SetBoardNumber(k, 4294967295U);
+    SetAll(23, 52, 65535);  // prices, item numbers, discounts
+    SetAll(54, 70, 22);     // clock and times of the day
+    SetAll(57, 57, 12);
+    SetAll(71, 71, 3);
+    SetAll(73, 75, 65535);  // limits
+    SetAll(76, 80, 20);     // tubes
+    SetAll(81, 83, 65535);  // tokens
+    SetAll(84, 84, 255);
+    SetAll(86, 86, 30);
+    SetAll(90, 95, 65535);  // coins
+    SetAll(98, 107, 10);    // keys
+    SetAll(108, 117, 100);  // columns
+    SetAll(118, 277, 12);   // alarms, but for their codes
+    for (int k = 124; k <= 277; k += 8) SetAll(k, k, 3);
+    SetAll(279, 352, 4294967295U);
+    SetAll(411, 414, 9);
   }
 
   // Opens a page and passes each of its tabs to look.
   template <typename Look>
   void ForEachTab(const PageEntry& page, const Look& look) {
     program.Open(page.entry);
+    program.Sweep(100);  // the alarms take more than a page of fields
     auto* form = program.frame->findChild<ChildForm*>(page.form);
     ASSERT_NE(form, nullptr);
     look(*form);
@@ -109,6 +128,16 @@ bool HasRoomForItsText(const QWidget& widget) {
   return widget.width() >= least.width() && widget.height() >= least.height();
 }
 
+bool HasRoomForItsRows(const RecordList& list) {
+  for (int row = 0; row < list.topLevelItemCount(); ++row) {
+    for (int column = 0; column < list.columnCount(); ++column) {
+      const QString text = list.topLevelItem(row)->text(column).trimmed();
+      if (list.fontMetrics().horizontalAdvance(text) > list.columnWidth(column)) return false;
+    }
+  }
+  return list.header()->length() <= list.viewport()->width();
+}
+
 bool HasRoomForItsTitle(const QGroupBox& frame) {
   return frame.fontMetrics().horizontalAdvance(frame.title()) <= frame.width();
 }
@@ -126,11 +155,22 @@ TEST_P(Layout, NothingIsCutOff) {
       for (const QGroupBox* frame : form.findChildren<QGroupBox*>()) {
         EXPECT_TRUE(!frame->isVisible() || HasRoomForItsTitle(*frame)) << page.form;
       }
+      for (const RecordList* list : form.findChildren<RecordList*>()) {
+        EXPECT_EQ(list->topLevelItemCount(), 20);
+        EXPECT_TRUE(HasRoomForItsRows(*list)) << page.form;
+      }
       for (const QTabBar* strip : form.findChildren<QTabBar*>()) {
         EXPECT_GE(strip->width(), strip->sizeHint().width()) << page.form;
       }
     });
   }
+}
+
+TEST_P(Layout, TheClockPageIsMeasuredOpen) {
+  ForEachTab(kPageEntries[7], [](const ChildForm& form) {
+    EXPECT_TRUE(form.findChild<QPushButton*>("Command1")->isEnabled());
+    EXPECT_NE(form.findChild<QLabel*>("Label0")->text(), "");
+  });
 }
 
 TEST_P(Layout, ControlsKeepClearOfEachOther) {

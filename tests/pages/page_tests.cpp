@@ -7,6 +7,7 @@
 #include <QLineEdit>
 #include <QTest>
 #include <QVariant>
+#include <algorithm>
 
 #include "shell/child_form.h"
 
@@ -152,6 +153,12 @@ int PageTest::Left(const QString& control) {
 
 int PageTest::Top(const QString& control) {
   return program.Find(form_, control).mapToGlobal(QPoint(0, 0)).y();
+}
+
+int PageTest::FocusedFields() const {
+  const QList<QLineEdit*> fields = program.frame->findChildren<QLineEdit*>();
+  return static_cast<int>(std::count_if(fields.begin(), fields.end(),
+                                        [](const QLineEdit* field) { return field->hasFocus(); }));
 }
 
 QColor PageTest::Ground(const QString& field) {

@@ -87,6 +87,8 @@ class PageTest : public testing::Test {
   // The edges of a control, in pixels of the screen.
   int Left(const QString& control);
   int Top(const QString& control);
+  // How many fields of the page have the focus.
+  int FocusedFields() const;
   QColor Ground(const QString& field);
   bool IsWhite(const QString& field);
 

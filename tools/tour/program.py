@@ -163,7 +163,7 @@ class Program:
         raise LookupError(f"Tab doesn't reach {control.name}")
 
     def type_into(self, field, text):
-        """Goes to a field of the page in front, which empties it, types a text and confirms it.
+        """Goes to a field of the page in front by Tab, types a text over it and confirms it.
 
         A field that has the keyboard already keeps what stands in it before the text.
         """
@@ -184,8 +184,10 @@ class Program:
         while True:
             before = front()
             self.press_in(strip, "Right")
-            if before == front():
-                return
+            try:
+                wait_for("another tab", lambda: front() not in (None, before), 1)
+            except TimeoutError:
+                return  # it was the last
             yield front()
 
     def close_page(self, page):

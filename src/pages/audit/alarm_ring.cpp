@@ -8,7 +8,6 @@
 namespace sorvane {
 namespace {
 
-constexpr int kBytes = parameter::kAlarmRecords * parameter::kAlarmRecordLength;
 constexpr int kHighestPointer = 20;
 constexpr int16_t kHighestCode = 50;
 
@@ -80,7 +79,7 @@ bool AlarmRing::Take(const Reply& reply) {
   const int32_t byte = reply.index - parameter::kAlarmRing;
   if (reply.index == parameter::kAlarmPointer) {
     AlarmPointer = reply.Number();
-  } else if (byte >= 0 && byte < kBytes) {
+  } else if (byte >= 0 && byte < parameter::kAlarmBytes) {
     AlarmBytes.at(static_cast<std::size_t>(byte)) = ToInt16(reply.Number());
   } else {
     return false;
@@ -114,7 +113,7 @@ Alarm AlarmRing::At(int record) const {
 
 int16_t AlarmRing::Byte(int record, int part) const {
   const int element = record * parameter::kAlarmRecordLength + part;
-  if (element > kBytes) throw RuntimeError(ErrorCode::kSubscriptOutOfRange);
+  if (element > parameter::kAlarmBytes) throw RuntimeError(ErrorCode::kSubscriptOutOfRange);
   return AlarmBytes.at(static_cast<std::size_t>(element));
 }
 

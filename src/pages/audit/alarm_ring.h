@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "board/parameter.h"
 #include "board/reply.h"
 
 namespace sorvane {
@@ -36,7 +37,7 @@ class AlarmRing {
   int16_t Byte(int record, int part) const;
 
   // One for each byte of the ring, and one that is never filled.
-  std::array<int16_t, 161> AlarmBytes{};
+  std::array<int16_t, parameter::kAlarmBytes + 1> AlarmBytes{};
   double AlarmPointer = 0;
 };
 

@@ -54,16 +54,11 @@ void AuditPage::AddRow(QGridLayout& grid, QWidget& parent, const AuditRow& row, 
   grid.addWidget(value, line, 1);
 }
 
-void AuditPage::Load() {
-  LoadPageCaptions();
-  WatchPageParameters();
-}
-
 void AuditPage::LoadPageCaptions() {
   for (const Caption& caption : captions_) {
     QString text = Message(caption.message);
     if (caption.number != 0) text += QString(" %1").arg(caption.number);
-    caption.label->setText(EscapeAmpersands(text));
+    SetCaption(*caption.label, text);
   }
   setWindowTitle(Message(title_message_));
 }

@@ -5,7 +5,6 @@
 #include <span>
 #include <vector>
 
-#include "shell/field.h"
 #include "shell/page.h"
 
 class QGridLayout;
@@ -40,8 +39,6 @@ class AuditPage : public Page {
   // groups outlive the page.
   AuditPage(const PageServices& services, const char* form_name, int title_message,
             std::span<const AuditGroup> groups);
-
-  void Load() override;
 
  protected:
   void LoadPageCaptions() override;

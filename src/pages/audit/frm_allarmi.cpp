@@ -15,8 +15,7 @@
 namespace sorvane {
 namespace {
 
-constexpr int32_t kRingBytes = parameter::kAlarmRecords * parameter::kAlarmRecordLength;
-constexpr int kAllReplies = kRingBytes + 1;  // of the ring and its pointer
+constexpr int kAllReplies = parameter::kAlarmBytes + 1;  // of the ring and its pointer
 
 QString DateText(const Alarm& alarm, const QLocale& locale) {
   if (!alarm.dated) return "00/00/00";
@@ -52,7 +51,7 @@ FrmAllarmi::FrmAllarmi(const PageServices& services)
 
 std::vector<int32_t> FrmAllarmi::WatchedParameters() const {
   std::vector<int32_t> watched = {parameter::kAlarmPointer};
-  for (int32_t i = 0; i < kRingBytes; ++i) watched.push_back(parameter::kAlarmRing + i);
+  for (int32_t i = 0; i < parameter::kAlarmBytes; ++i) watched.push_back(parameter::kAlarmRing + i);
   return watched;
 }
 
@@ -65,7 +64,7 @@ void FrmAllarmi::OnReply(const Reply& reply) {
 }
 
 bool FrmAllarmi::IsRingFresh() const {
-  for (int32_t i = 0; i < kRingBytes; ++i) {
+  for (int32_t i = 0; i < parameter::kAlarmBytes; ++i) {
     if (!IsParameterFresh(parameter::kAlarmRing + i)) return false;
   }
   return IsParameterFresh(parameter::kAlarmPointer);

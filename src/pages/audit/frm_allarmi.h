@@ -10,7 +10,7 @@ namespace sorvane {
 class RecordList;
 
 // The last twenty alarms that the machine has logged, newest first. The list shows once the whole
-// ring has been read, and is built anew at every reply from then on.
+// ring has been read, and is built anew at every reply of it from then on.
 class FrmAllarmi : public Page {
  public:
   explicit FrmAllarmi(const PageServices& services);

@@ -6,7 +6,6 @@
 
 #include "shell/controls/toggle.h"
 #include "shell/page.h"
-#include "shell/western_text.h"
 
 namespace sorvane {
 
@@ -26,7 +25,7 @@ void FlagSwitches::LoadCaptions() {
   for (const Switch& one : switches_) {
     QString caption = one.row.message == 0 ? QString(one.row.text) : page_.Message(one.row.message);
     if (one.row.number != 0) caption += QString(" %1").arg(one.row.number);
-    one.label->setText(EscapeAmpersands(caption));
+    Page::SetCaption(*one.label, caption);
     one.toggle->setAccessibleName(caption);
   }
 }

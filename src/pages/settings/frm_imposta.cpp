@@ -111,18 +111,13 @@ std::vector<int32_t> FrmImposta::WatchedParameters() const {
   return watched;
 }
 
-void FrmImposta::Load() {
-  LoadPageCaptions();
-  WatchPageParameters();
-}
-
 void FrmImposta::LoadPageCaptions() {
   fields_.LoadCaptions();
   const QString caption = Message(kFirstCaption + kSwitchRow);
-  switch_label_->setText(EscapeAmpersands(caption));
+  SetCaption(*switch_label_, caption);
   switch_->setAccessibleName(caption);
-  yes_->setText(EscapeAmpersands(Message(kYes)));
-  no_->setText(EscapeAmpersands(Message(kNo)));
+  SetCaption(*yes_, Message(kYes));
+  SetCaption(*no_, Message(kNo));
   setWindowTitle(Message(kTitle));
 }
 

@@ -16,8 +16,6 @@ class FrmImposta : public Page {
  public:
   explicit FrmImposta(const PageServices& services);
 
-  void Load() override;
-
  protected:
   std::vector<int32_t> WatchedParameters() const override;
   void LoadPageCaptions() override;

@@ -165,7 +165,7 @@ void FrmOrologio::LoadPageCaptions() {
   frame_->setTitle(EscapeAmpersands(Message(kFrame)));
   clock_.LoadCaptions();
   LoadBandCaptions();
-  switch_label_->setText(EscapeAmpersands(both));
+  SetCaption(*switch_label_, both);
   switch_->setAccessibleName(both);
   LoadOnOffCaptions();
   switch_->SetLabels(Message(kYes) + "," + Message(kNo));
@@ -175,11 +175,11 @@ void FrmOrologio::LoadBandCaptions() {
   for (int time = 0; time < kBandTimes; ++time) {
     const int message = time % 2 == 0 ? kBandStart : kBandEnd;
     const QString caption = QString("%1 %2").arg(Message(message)).arg(time / 2 + 1);
-    band_labels_.at(kBandOrder[time])->setText(EscapeAmpersands(caption));
+    SetCaption(*band_labels_.at(kBandOrder[time]), caption);
     int i = 2 * time;
     for (const int unit : {kHours, kMinutes}) {
       const int first = unit == kHours ? kBandHours : kBandMinutes;
-      band_labels_.at(first + time)->setText(EscapeAmpersands(Message(unit)));
+      SetCaption(*band_labels_.at(first + time), Message(unit));
       bands_.At(i++).SetSpokenName(caption + " " + Message(unit));
     }
   }
@@ -189,14 +189,14 @@ void FrmOrologio::LoadOnOffCaptions() {
   int i = 0;
   for (const int message : {kSwitchOn, kSwitchOff}) {
     const QString caption = Message(message);
-    on_off_labels_.at(i / 2)->setText(EscapeAmpersands(caption));
+    SetCaption(*on_off_labels_.at(i / 2), caption);
     on_off_.At(i++).SetSpokenName(caption + " " + Message(kHours));
     on_off_.At(i++).SetSpokenName(caption + " " + Message(kMinutes));
   }
   // The hours of switching off bear the word for minutes, and the minutes' own labels stay as they
-  // are in every language. Boards in the field have been living with it.
-  unit_labels_.at(0)->setText(EscapeAmpersands(Message(kHours)));
-  unit_labels_.at(1)->setText(EscapeAmpersands(Message(kMinutes)));
+  // are in every language. Technicians have been living with it.
+  SetCaption(*unit_labels_.at(0), Message(kHours));
+  SetCaption(*unit_labels_.at(1), Message(kMinutes));
 }
 
 }  // namespace sorvane

@@ -5,7 +5,9 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QVBoxLayout>
+#include <iterator>
 
+#include "board/errors.h"
 #include "board/numbers.h"
 #include "board/parameter.h"
 #include "board/reply.h"
@@ -52,7 +54,7 @@ struct SystemRow {
 };
 
 // The switch of "Resto Subito", SwitchX2(2), isn't among these: with a validator or MDB its label
-// is grey, and the switch lives on. Boards in the field have been living with it.
+// is grey, and the switch lives on. Technicians have been living with it.
 constexpr SystemRow kSystemRows[] = {{"SSTab1", To::kClose, To::kClose, To::kOpen},
                                      {"LabelMess1(44)", To::kOpen, To::kOpen, To::kClose},
                                      {"Text5(1)", To::kOpen, To::kOpen, To::kClose},
@@ -272,7 +274,9 @@ void FrmPagamento::OnPaymentSystem(double system) {
 void FrmPagamento::ShowPaymentSystem(int system) {
   for (const SystemRow& row : kSystemRows) {
     const To to = Of(row, system);
-    if (to != To::kSame) SetOpen(*findChild<QWidget*>(row.control), to == To::kOpen);
+    auto* control = findChild<QWidget*>(row.control);
+    if (control == nullptr) throw InternalFault(row.control);
+    if (to != To::kSame) SetOpen(*control, to == To::kOpen);
   }
   for (const SystemTabRow& row : kSystemTabRows) {
     general_tabs_->SetTabOpen(row.tab, Of(row, system) == To::kOpen);

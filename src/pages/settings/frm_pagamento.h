@@ -55,6 +55,7 @@ class FrmPagamento : public Page {
   void OnSaleMode(const Reply& reply);
   void OnPaymentSystem(double system);
   void ShowPaymentSystem(int system);
+  // As FieldGroup::Redraw; but this page holds positions and raw values in 32 bits with sign.
   void DrawAnew(FieldGroup& fields);
   void OnSystemChange();
 

@@ -1,6 +1,5 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QVBoxLayout>
 
 #include "pages/settings/frm_pagamento.h"

@@ -2,20 +2,16 @@
 
 #include "board/parameter.h"
 #include "pages/settings/flag_switches.h"
-#include "pages/settings/money_row.h"
+#include "pages/settings/full_span_row.h"
 #include "shell/field.h"
 
 // The fields and switches of the payment page.
 namespace sorvane {
 
-// An amount of 0 to 65535 on a bar of the full span.
+// An amount of 0 to 65535.
 constexpr FieldRow AmountRow(FieldRow row) {
+  row = FullSpanRow(row);
   row.form = ValueForm::kMoney;
-  row.offset = kFullSpanOffset;
-  row.minimum = -32768;
-  row.maximum = 32767;
-  row.large_step = 100;
-  row.highest = 65535;
   return row;
 }
 

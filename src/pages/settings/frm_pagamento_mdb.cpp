@@ -1,7 +1,8 @@
 #include <QGridLayout>
 #include <QGroupBox>
-#include <QLabel>
 #include <QVBoxLayout>
+#include <initializer_list>
+#include <iterator>
 
 #include "pages/settings/frm_pagamento.h"
 #include "pages/settings/frm_pagamento_fields.h"

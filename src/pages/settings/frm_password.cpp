@@ -85,10 +85,15 @@ std::vector<int32_t> FrmPassword::WatchedParameters() const {
   return watched;
 }
 
+void FrmPassword::Load() {
+  WatchPageParameters();
+  LoadPageCaptions();
+}
+
 void FrmPassword::LoadPageCaptions() {
   int message = kFirstCaption;
   for (QLabel* label : {left_, right_, note_}) {
-    label->setText(EscapeAmpersands(Message(message++)));
+    SetCaption(*label, Message(message++));
   }
 }
 

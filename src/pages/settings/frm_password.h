@@ -16,6 +16,8 @@ class FrmPassword : public Page {
  public:
   explicit FrmPassword(const PageServices& services);
 
+  void Load() override;
+
  protected:
   std::vector<int32_t> WatchedParameters() const override;
   void LoadPageCaptions() override;

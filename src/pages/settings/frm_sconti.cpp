@@ -1,7 +1,7 @@
 #include "pages/settings/frm_sconti.h"
 
 #include "board/parameter.h"
-#include "pages/settings/money_row.h"
+#include "pages/settings/full_span_row.h"
 
 namespace sorvane {
 namespace {

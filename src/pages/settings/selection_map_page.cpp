@@ -7,11 +7,11 @@
 #include "board/parameter.h"
 #include "board/reply.h"
 #include "shell/controls/focus_keeper.h"
-#include "shell/western_text.h"
 
 namespace sorvane {
 
-// A typed 0 passes: the bar stays at 1 and writes that, and the field shows the 0 until the reply.
+// A typed 0 passes: the bar goes to 1, which writes only if it stood elsewhere, and the field shows
+// the 0 until the reply.
 const SelectionMapPage::Constants kFrmTastiColonna = {
     .form = "FrmTastiColonna",
     .title = 38,
@@ -81,14 +81,9 @@ std::vector<int32_t> SelectionMapPage::WatchedParameters() const {
   return watched;
 }
 
-void SelectionMapPage::Load() {
-  LoadPageCaptions();
-  WatchPageParameters();
-}
-
 void SelectionMapPage::LoadPageCaptions() {
   fields_.LoadCaptions();
-  for (QLabel* heading : headings_) heading->setText(EscapeAmpersands(Message(constants_.heading)));
+  for (QLabel* heading : headings_) SetCaption(*heading, Message(constants_.heading));
   setWindowTitle(Message(constants_.title));
 }
 

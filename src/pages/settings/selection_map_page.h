@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <vector>
 
 #include "shell/field_group.h"
@@ -22,8 +23,6 @@ class SelectionMapPage : public Page {
 
   // constants outlive the page.
   SelectionMapPage(const PageServices& services, const Constants& constants);
-
-  void Load() override;
 
  protected:
   std::vector<int32_t> WatchedParameters() const override;

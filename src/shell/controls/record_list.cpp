@@ -29,9 +29,11 @@ RecordList::RecordList(const QStringList& columns, int rows, QWidget* parent)
 void RecordList::SetRows(const QList<QStringList>& rows) {
   while (topLevelItemCount() > rows.size()) delete takeTopLevelItem(topLevelItemCount() - 1);
   for (int i = 0; i < static_cast<int>(rows.size()); ++i) {
-    if (i == topLevelItemCount()) addTopLevelItem(new QTreeWidgetItem);
+    if (i == topLevelItemCount()) {
+      addTopLevelItem(new QTreeWidgetItem);
+      topLevelItem(i)->setSizeHint(0, {0, RowHeight()});
+    }
     QTreeWidgetItem& item = *topLevelItem(i);
-    item.setSizeHint(0, {0, RowHeight()});
     for (int column = 0; column < columnCount(); ++column) {
       item.setText(column, rows.at(i).value(column));
     }

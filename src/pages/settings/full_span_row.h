@@ -1,0 +1,31 @@
+#pragma once
+
+#include "board/parameter.h"
+#include "shell/field.h"
+
+namespace sorvane {
+
+// A row of numbers of 0 to 65535 on a bar of the full span, which holds a signed 16-bit number. The
+// page's table adds what differs.
+constexpr FieldRow FullSpanRow(FieldRow row) {
+  row.offset = 32768;
+  row.minimum = -32768;
+  row.maximum = 32767;
+  row.large_step = 100;
+  row.highest = 65535;
+  return row;
+}
+
+// Ten of them, one for each selection.
+constexpr FieldRow SelectionRow(FieldRow row) {
+  row = FullSpanRow(row);
+  row.count = parameter::kSelectionRows;
+  row.numbering = Numbering::kSpaced;
+  row.shown = Shown::kAsTheBarTook;
+  row.on_enter = OnEnter::kMovesBar;
+  row.start = -32767;
+  row.characters = 6;
+  return row;
+}
+
+}  // namespace sorvane
