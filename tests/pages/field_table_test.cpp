@@ -306,11 +306,13 @@ std::string ControlName(const testing::TestParamInfo<Row>& info) {
   return CaseName(info.param.form, info.param.control);
 }
 
-class AnySwitch : public TableTest, public testing::WithParamInterface<SwitchRow> {
+// A control that isn't a field, by a row of its table.
+template <typename Row>
+class OneControl : public TableTest, public testing::WithParamInterface<Row> {
  protected:
-  AnySwitch()
-      : TableTest(GetParam().form, GetParam().entry, kPoint),
-        row_(GetParam()),
+  OneControl()
+      : TableTest(this->GetParam().form, this->GetParam().entry, kPoint),
+        row_(this->GetParam()),
         control_(QString::fromStdString(row_.control)) {}
 
   void OpenWith(int byte) {
@@ -319,9 +321,11 @@ class AnySwitch : public TableTest, public testing::WithParamInterface<SwitchRow
     BringToFront(row_.tabs, row_.tab);
   }
 
-  const SwitchRow row_;
+  const Row row_;
   const QString control_;
 };
+
+class AnySwitch : public OneControl<SwitchRow> {};
 
 TEST_P(AnySwitch, FollowsTheRepliesAndWritesNothing) {
   OpenWith(row_.off);
@@ -358,22 +362,7 @@ TEST_P(AnySwitch, TurnedOffIsWrittenToBothPlaces) {
 
 INSTANTIATE_TEST_SUITE_P(Table, AnySwitch, testing::ValuesIn(SwitchRows()), ControlName<SwitchRow>);
 
-class AnySlider : public TableTest, public testing::WithParamInterface<SliderRow> {
- protected:
-  AnySlider()
-      : TableTest(GetParam().form, GetParam().entry, kPoint),
-        row_(GetParam()),
-        control_(QString::fromStdString(row_.control)) {}
-
-  void OpenWith(int byte) {
-    program.link.SetBoardNumber(row_.parameter, static_cast<std::uint32_t>(byte));
-    Open();
-    BringToFront(row_.tabs, row_.tab);
-  }
-
-  const SliderRow row_;
-  const QString control_;
-};
+class AnySlider : public OneControl<SliderRow> {};
 
 TEST_P(AnySlider, GoesToThePositionOfTheReplyAndWritesNothing) {
   OpenWith(row_.from);
