@@ -41,17 +41,17 @@ void FlagSwitches::OnChange(const Toggle& toggle, int mask) {
   page_.WriteParameterPair(parameter_, mirror_, flags_);
 }
 
-void FlagSwitches::LayOut(QGridLayout& grid, const Place& place, QLabel* no, QLabel* yes) {
+void FlagSwitches::LayOut(QGridLayout& grid, const Span& span, QLabel* no, QLabel* yes) {
   auto* heads = new QHBoxLayout;
   heads->setSpacing(0);
   heads->addWidget(no);
   heads->addStretch();
   heads->addWidget(yes);
-  grid.addLayout(heads, 0, place.column + 1);
-  for (int i = 0; i < place.count; ++i) {
-    const Switch& one = switches_.at(place.first + i);
-    grid.addWidget(one.label, i + 1, place.column);
-    grid.addWidget(one.toggle, i + 1, place.column + 1, Qt::AlignHCenter);
+  grid.addLayout(heads, 0, 1);
+  for (int i = 0; i < span.count; ++i) {
+    const Switch& one = switches_.at(span.first + i);
+    grid.addWidget(one.label, i + 1, 0);
+    grid.addWidget(one.toggle, i + 1, 1, Qt::AlignHCenter);
   }
 }
 

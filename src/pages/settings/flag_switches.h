@@ -38,13 +38,12 @@ class FlagSwitches {
   // Takes the byte over from a reply; Updating is true.
   void ShowFlags(int16_t flags);
 
-  // Lays count switches from the given one on out as rows of label and switch, under the two heads.
-  struct Place {
+  // Lays some of the switches out as rows of label and switch, under the two heads.
+  struct Span {
     int first;
     int count;
-    int column = 0;
   };
-  void LayOut(QGridLayout& grid, const Place& place, QLabel* no, QLabel* yes);
+  void LayOut(QGridLayout& grid, const Span& span, QLabel* no, QLabel* yes);
 
  private:
   struct Switch {
