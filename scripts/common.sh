@@ -6,7 +6,7 @@ packages=(
   qt6-base-dev qt6-base-dev-tools qt6-serialport-dev libcli11-dev libgtest-dev libgmock-dev
   libgl-dev libvulkan-dev
   xvfb openbox xdotool x11-utils imagemagick fonts-dejavu-core
-  dbus at-spi2-core python3 python3-gi gir1.2-atspi-2.0
+  dbus at-spi2-core python3 python3-gi gir1.2-atspi-2.0 pandoc
 )
 
 # Compiling again what was compiled before costs next to nothing.

@@ -106,15 +106,30 @@ class Desk:
         subprocess.run(["xdotool", *arguments], env=self.environment, stdin=subprocess.DEVNULL,
                        stdout=self._log, stderr=self._log, check=True)
 
+    def _front_window(self):
+        return self._ask("xprop", "-root", "_NET_ACTIVE_WINDOW").rsplit(" ", 1)[-1].strip()
+
     def active_title(self):
         """The title of the window in front, as the window manager has it."""
-        window = self._ask("xprop", "-root", "_NET_ACTIVE_WINDOW").rsplit(" ", 1)[-1].strip()
-        title = self._ask("xprop", "-id", window, "_NET_WM_NAME")
+        title = self._ask("xprop", "-id", self._front_window(), "_NET_WM_NAME")
         return title.split(" = ", 1)[-1].rstrip("\n")[1:-1]
 
-    def take_picture(self, path):
-        """Saves what the screen shows as a PNG file."""
-        subprocess.run(["import", "-window", "root", str(path)], env=self.environment,
+    def front_edges(self):
+        """What the window manager has drawn around the window in front, in pixels: left, right,
+        top, bottom."""
+        edges = self._ask("xprop", "-id", self._front_window(), "_NET_FRAME_EXTENTS")
+        return tuple(int(edge) for edge in edges.rsplit("=", 1)[1].split(","))
+
+    def take_picture(self, path, area=None):
+        """Saves what the screen shows as a PNG file: all of it, or an area of left, top, width and
+        height in pixels, in at most 256 colours."""
+        options = ["-window", "root"]
+        if area:
+            left, top, width, height = area
+            options += ["-crop", f"{width}x{height}+{left}+{top}", "+repage", "-strip", "+dither",
+                        "-colors", "256", "-define", "png:compression-level=9"]
+            path = f"png8:{path}"
+        subprocess.run(["import", *options, str(path)], env=self.environment,
                        stdin=subprocess.DEVNULL, stderr=self._log, check=True)
 
     def close(self):

@@ -119,12 +119,13 @@ class Program:
 
     # The boxes.
 
-    def _box(self):
+    def front_box(self):
+        """The message box in front, or None."""
         return next((box for box in self._windows("alert") if box.has("active")), None)
 
     def box(self):
         """Waits for a message box and returns what it says."""
-        box = wait_for("message box", self._box)
+        box = wait_for("message box", self.front_box)
         return Box(self._desk.active_title(),
                    "\n".join(label.name for label in box.all("label")),
                    tuple(button.name for button in box.all("push button")))
@@ -134,7 +135,7 @@ class Program:
 
     def answer(self, button):
         """Presses a button of the box in front, by keys."""
-        box = wait_for("message box", self._box)
+        box = wait_for("message box", self.front_box)
         self._tab_to(box, wait_for(f"button {button}", lambda: box.find("push button", button)))
         self._desk.press("Return")
         wait_for("end of the message box",

@@ -1,52 +1,34 @@
 #!/usr/bin/python3
-"""A guided tour: tour.py PROGRAM_FOLDER PICTURES_FOLDER
+"""A guided tour: tour.py PROGRAM_FOLDER PICTURES_FOLDER [--manual]
 
 Drives the program of a program folder by keys in a virtual display, against the simulated board of
 the same folder, and leaves a numbered picture and a line of words for each step. The program folder
 is copied first and stays as it is; the pictures folder is emptied.
+
+With --manual it takes the pictures of the manual instead, under the names that the manual uses.
 """
 
+import argparse
 import pathlib
 import shutil
-import sys
-import time
 
-from board import Board
 from desk import Desk
-from program import Program
+from manual_pictures import take_manual_pictures
+from visit import DISCOUNTS, LANGUAGES, PAGES, PAYMENT, Visit
 from wait import wait_for
 
-SETTLED = 0.6  # seconds for which nothing on a page changes
 THIRD_DISCOUNT = 45
 
 # The language that the tour starts with, and the one that it changes to.
 FIRST_LANGUAGE = "Italiano"
 SECOND_LANGUAGE = "Deutsch"
 
-# The ways to the pages through the menu: lines of the language files, and the caption that all
-# languages share.
-PAGES = ((1,), (2,), (3,), (4,), (5,), ("Set ", 6), ("Set ", 7), (8,), (9, 10), (9, 11), (9, 12),
-         (9, 13), (14,))
-PAYMENT = 5
-DISCOUNTS = 4
-LANGUAGES = 15
 
-
-class Tour:
+class Tour(Visit):
     def __init__(self, desk, built, pictures):
-        self._desk = desk
+        super().__init__(desk, built, "tour", FIRST_LANGUAGE)
         self._pictures = pictures
         self._steps = 0
-        shutil.rmtree(pictures, ignore_errors=True)
-        pictures.mkdir(parents=True)
-        self._folder = desk.folder / "tour" / "Sorvane"
-        shutil.copytree(built, self._folder, symlinks=True,
-                        ignore=shutil.ignore_patterns("COM1"))
-        settings = f"Com=1\r\nLingua={FIRST_LANGUAGE}\r\n"
-        (self._folder / "Sorvane.ini").write_bytes(settings.encode("cp1252"))
-        self._read_captions(FIRST_LANGUAGE)
-        self._board = Board(self._folder, desk.environment)
-        self._program = Program(desk, self._folder)
 
     def step(self, name, words):
         """Takes the picture of a step and writes its line."""
@@ -57,13 +39,6 @@ class Tour:
         print(line, flush=True)
         with open(self._pictures / "tour.txt", "a", encoding="utf-8") as lines:
             print(line, file=lines)
-
-    def _read_captions(self, language):
-        text = (self._folder / f"{language}.lng").read_text(encoding="cp1252")
-        self._captions = text.splitlines()
-
-    def _caption(self, step):
-        return step if isinstance(step, str) else self._captions[step - 1].strip()
 
     def run(self):
         self.start()
@@ -78,19 +53,17 @@ class Tour:
         self.leave()
 
     def start(self):
+        self._start_program()
         self._program.wait_ready()
         self.step("start", "The program stands idle; the entries for a board are shut.")
-        self._program.choose("Connect")
-        wait_for("connection", lambda: self._program.enabled("Sconti"))
+        self._connect()
         self.step("connect", "Connect has asked the board who it is and opened the entries.")
 
     def open_each_page(self):
         for way in PAGES:
-            path = tuple(self._caption(step) for step in way)
-            self._program.choose(*path)
-            page = wait_for("page", lambda: next(iter(self._program.pages()), None))
-            self._wait_settled(page)
-            words = f"{' > '.join(path).replace('Set  ', 'Set ')}: page {page.name}"
+            page = self._open(way)
+            path = " > ".join(self._path(way)).replace("Set  ", "Set ")
+            words = f"{path}: page {page.name}"
             self.step(f"page-{way[-1]}", f"{words}.")
             self._show_tabs(page, f"page-{way[-1]}", words)
             self._program.close_page(page)
@@ -104,32 +77,14 @@ class Tour:
 
     def choose_each_payment_system(self):
         """The board's answer to the choice of system opens and closes the rest of the page."""
-        self._program.choose(self._caption(PAYMENT))
-        page = self._program.page(self._caption(PAYMENT))
-        self._wait_settled(page)
-        slider = page.all("slider")[0]
+        page = self._open(PAYMENT)
         for key, system in (("Home", "Validatore"), ("Right", "Executive"), ("End", "MDB")):
-            self._program.press_in(slider, key)
-            self._wait_settled(page)
+            self._choose_system(page, key)
             self.step(f"system-{system.lower()}", f"The payment system is {system}.")
             if system == "Validatore":
                 self._show_tabs(page, "system-validatore", "With a validator, page Pagamento")
                 self._program.press_in(page.all("page tab list")[0], "Left", "Left")
         self._program.close_page(page)
-
-    def _wait_settled(self, page):
-        seen, since = None, 0
-
-        def settled():
-            nonlocal seen, since
-            now = [(field.text, field.has("enabled")) for field in page.all("text")]
-            now += [label.name for label in page.all("label")]
-            now += [(bar.has("showing"), bar.value) for bar in page.all("progress bar")]
-            if now != seen:
-                seen, since = now, time.monotonic()
-            return time.monotonic() - since > SETTLED
-
-        wait_for("page at rest", settled)
 
     def change_a_discount(self):
         self._program.choose("Sconti")
@@ -177,7 +132,7 @@ class Tour:
         self.step("languages", "Lingue lists the languages, with a mark at the one in use.")
         self._desk.press("Return")
         self._read_captions(SECOND_LANGUAGE)
-        page = self._program.page(self._caption(DISCOUNTS))
+        page = self._program.page(*self._path(DISCOUNTS))
         self.step("second-language", f"Menu and open pages have taken on {SECOND_LANGUAGE}.")
         self._program.close_page(page)
 
@@ -191,13 +146,24 @@ class Tour:
 
 
 def main():
-    built, pictures = (pathlib.Path(argument).resolve() for argument in sys.argv[1:3])
+    parser = argparse.ArgumentParser(description="A guided tour of the program.")
+    parser.add_argument("built", type=pathlib.Path, help="program folder")
+    parser.add_argument("pictures", type=pathlib.Path, help="folder for the pictures, emptied")
+    parser.add_argument("--manual", action="store_true", help="take the pictures of the manual")
+    arguments = parser.parse_args()
+    built = arguments.built.resolve(strict=True)
+    pictures = arguments.pictures.resolve()
     desk = Desk()
     try:
-        Tour(desk, built, pictures).run()
+        shutil.rmtree(pictures, ignore_errors=True)
+        pictures.mkdir(parents=True)
+        if arguments.manual:
+            take_manual_pictures(desk, built, pictures)
+        else:
+            Tour(desk, built, pictures).run()
     finally:
         desk.close()
-    print(f"Pictures and tour.txt are in {pictures}")
+    print(f"The pictures are in {pictures}")
 
 
 if __name__ == "__main__":

@@ -1,0 +1,104 @@
+"""The technician's manual tells of the whole program, in both languages alike."""
+
+import pathlib
+import re
+import unittest
+
+import program_sources
+from markdown import Document, Heading, Table, Text
+
+FOLDER = program_sources.ROOT / "docs" / "manual"
+MANUALS = {"en": "English", "it": "Italiano"}
+QUOTED = {"en": re.compile("“([^”]*)”"), "it": re.compile("«([^»]*)»")}
+MOST_BYTES = 2_500_000  # of all pictures
+
+
+def picture_of(form, language):
+    return f"pictures/{form.removeprefix('Frm').lower()}.{language}.png"
+
+
+def without_language(picture):
+    return re.sub(r"\.(en|it)\.png$", ".png", picture)
+
+
+def structure(document):
+    """Headings by level, tables by their size, and pictures, in their order."""
+    found = []
+    for block in document.blocks:
+        if isinstance(block, Heading):
+            found.append(("heading", block.level))
+        elif isinstance(block, Table):
+            found.append(("table", len(block.rows), len(block.rows[0])))
+        words = block.text if isinstance(block, Text) else str(getattr(block, "rows", ""))
+        found += [("picture", without_language(picture))
+                  for picture in re.findall(r"!\[[^]]*\]\(([^)]+)\)", words)]
+    return found
+
+
+class ManualTest(unittest.TestCase):
+    def setUp(self):
+        self.manuals = {language: Document(FOLDER / f"{language}.md") for language in MANUALS}
+
+    def test_every_page_of_the_program_was_found_in_its_list(self):
+        self.assertEqual(len(program_sources.pages()), program_sources.page_rows())
+        self.assertIn("FrmTastiColonna", program_sources.pages())
+
+    def test_every_page_has_a_section_by_its_menu_entry_with_its_picture(self):
+        for language, document in self.manuals.items():
+            lines = program_sources.messages(MANUALS[language])
+            for form, entry in program_sources.pages().items():
+                title = program_sources.menu_path(entry, lines)
+                section = document.section(title)
+                self.assertIsNotNone(section, f"{language}: no section {title}")
+                self.assertIn(f"({picture_of(form, language)})", section, title)
+
+    def test_no_caption_is_quoted_that_the_program_does_not_show(self):
+        for language, document in self.manuals.items():
+            known = program_sources.captions(MANUALS[language])
+            quoted = {" ".join(words.split()) for words in QUOTED[language].findall(
+                re.sub(r"`[^`]*`", "", document.path.read_text(encoding="utf-8")))} - {""}
+            self.assertGreater(len(quoted), 50)
+            for words in sorted(quoted):
+                parts = [words] if any(words in one for one in known) else words.split("/")
+                self.assertTrue(all(any(part in one for one in known) for part in parts),
+                                f"{language}: {words}")
+
+    def test_every_message_box_is_in_a_table(self):
+        boxes = program_sources.boxes()
+        self.assertIn(("Board Not Ready", "Check serial !"), boxes)
+        for language, document in self.manuals.items():
+            told = [re.findall("`([^`]*)`", row[0]) for row in document.rows]
+            for box in boxes:
+                # A file's name stands in front of the words of one box.
+                self.assertTrue(any(all(any(span.endswith(line) for span in spans) for line in box)
+                                    for spans in told), f"{language}: {box}")
+
+    def test_every_run_time_error_is_in_a_table(self):
+        reports = program_sources.error_reports()
+        self.assertTrue(reports)
+        for language, document in self.manuals.items():
+            text = document.path.read_text(encoding="utf-8")
+            for report in reports:
+                self.assertIn(f"`{report}", text)
+            told = {row[0]: row[1].strip("`") for row in document.rows if row[0].isdigit()
+                    and row[1].startswith("`")}
+            self.assertEqual(told, program_sources.error_words(), language)
+
+    def test_each_manual_shows_the_pictures_of_its_language(self):
+        for language, document in self.manuals.items():
+            for picture in document.pictures:
+                other = re.search(r"\.(en|it)\.png$", picture)
+                self.assertTrue(other is None or other[1] == language,
+                                f"{language}: {picture}")
+
+    def test_both_manuals_are_built_alike(self):
+        english, italian = (structure(self.manuals[language]) for language in ("en", "it"))
+        self.assertGreater(len([part for part in english if part[0] == "heading"]), 30)
+        for place, (one, other) in enumerate(zip(english, italian)):
+            self.assertEqual(one, other, f"part {place}, behind {english[max(0, place - 3):place]}")
+        self.assertEqual(len(english), len(italian))
+
+    def test_the_pictures_stay_small(self):
+        sizes = [path.stat().st_size for path in pathlib.Path(FOLDER, "pictures").glob("*.png")]
+        self.assertGreater(len(sizes), 0)
+        self.assertLess(sum(sizes), MOST_BYTES)

@@ -1,0 +1,77 @@
+"""A copy of the program folder with the simulated board and the program at work in it."""
+
+import shutil
+import time
+
+from board import Board
+from program import Program
+from wait import wait_for
+
+SETTLED = 0.6  # seconds for which nothing on a page changes
+
+# The ways to the pages through the menu: lines of the language files, and captions that all
+# languages share.
+PAGES = ((1,), (2,), (3,), (4,), (5,), ("Set ", 6), ("Set ", 7), (8,), (9, 10), (9, 11), (9, 12),
+         (9, 13), (14,))
+DISCOUNTS = (4,)
+PAYMENT = (5,)
+LANGUAGES = 15
+
+
+class Visit:
+    """Stands until its desk is closed. The program folder of the build stays as it is."""
+
+    def __init__(self, desk, built, name, language, *board_arguments):
+        self._desk = desk
+        self._folder = desk.folder / name / "Sorvane"
+        shutil.copytree(built, self._folder, symlinks=True,
+                        ignore=shutil.ignore_patterns("COM1"))
+        settings = f"Com=1\r\nLingua={language}\r\n"
+        (self._folder / "Sorvane.ini").write_bytes(settings.encode("cp1252"))
+        self._read_captions(language)
+        self._board = Board(self._folder, desk.environment, *board_arguments)
+        self._program = None
+
+    def _start_program(self):
+        self._program = Program(self._desk, self._folder)
+
+    def _read_captions(self, language):
+        text = (self._folder / f"{language}.lng").read_text(encoding="cp1252")
+        self._captions = text.splitlines()
+
+    def _caption(self, step):
+        return step if isinstance(step, str) else self._captions[step - 1].strip()
+
+    def _path(self, way):
+        return tuple(self._caption(step) for step in way)
+
+    def _connect(self):
+        self._program.choose("Connect")
+        discounts = self._path(DISCOUNTS)
+        wait_for("connection", lambda: self._program.enabled(*discounts))
+
+    def _open(self, way):
+        """Opens the only page by its way through the menu and waits until it has filled."""
+        self._program.choose(*self._path(way))
+        page = wait_for("page", lambda: next(iter(self._program.pages()), None))
+        self._wait_settled(page)
+        return page
+
+    def _wait_settled(self, page):
+        seen, since = None, 0
+
+        def settled():
+            nonlocal seen, since
+            now = [(field.text, field.has("enabled")) for field in page.all("text")]
+            now += [label.name for label in page.all("label")]
+            now += [(bar.has("showing"), bar.value) for bar in page.all("progress bar")]
+            if now != seen:
+                seen, since = now, time.monotonic()
+            return time.monotonic() - since > SETTLED
+
+        wait_for("page at rest", settled)
+
+    def _choose_system(self, page, key):
+        """Moves the slider of the payment systems by a key and waits for what follows."""
+        self._program.press_in(page.all("slider")[0], key)
+        self._wait_settled(page)
