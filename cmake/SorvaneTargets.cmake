@@ -11,6 +11,17 @@ endif()
 set(SORVANE_PROGRAM_FOLDER ${CMAKE_BINARY_DIR}/Sorvane)
 file(MAKE_DIRECTORY ${SORVANE_PROGRAM_FOLDER})
 
+# What the path of a file of this machine begins with for a program of the build, and the variables of
+# Qt: Wine shows the machine's files to a Windows program on a drive of their own, and hands variables of
+# Qt on only under another name.
+if(WIN32)
+  set(SORVANE_DRIVE Z:)
+  set(SORVANE_QT WINEQT)
+else()
+  set(SORVANE_DRIVE "")
+  set(SORVANE_QT QT)
+endif()
+
 function(sorvane_common target)
   target_compile_options(${target} PRIVATE ${SORVANE_WARNINGS})
   if(SORVANE_SANITIZE)
@@ -33,8 +44,13 @@ function(sorvane_floor floor)
   sorvane_common(sorvane_${floor})
 endfunction()
 
+# Cases with widgets run on Qt's offscreen platform, which finds no font by itself on Windows.
+set(SORVANE_TEST_ENVIRONMENT ${SORVANE_QT}_QPA_PLATFORM=offscreen
+  ${SORVANE_QT}_QPA_FONTDIR=${SORVANE_DRIVE}/usr/share/fonts/truetype/dejavu
+  LC_ALL=C.UTF-8 ASAN_OPTIONS=detect_leaks=0)
+
 # A test program with GoogleTest cases. Each case becomes a test of CTest; no cases at all is an
-# error of the build. Cases with widgets run on Qt's offscreen platform.
+# error of the build.
 function(sorvane_test name)
   cmake_parse_arguments(ARG "" "" "SOURCES;LIBRARIES" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
@@ -43,5 +59,5 @@ function(sorvane_test name)
   sorvane_common(${name})
   add_test(NAME ${name} COMMAND ${name})
   set_tests_properties(${name} PROPERTIES TIMEOUT 300
-    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;ASAN_OPTIONS=detect_leaks=0")
+    ENVIRONMENT "${SORVANE_TEST_ENVIRONMENT}")
 endfunction()

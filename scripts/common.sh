@@ -9,12 +9,22 @@ packages=(
   dbus at-spi2-core python3 python3-gi gir1.2-atspi-2.0 pandoc
 )
 
+# The same for the Debian package.
+debian_packages=(dpkg-dev desktop-file-utils appstream shellcheck lintian)
+
+# The same for the Windows program.
+windows_packages=(
+  g++-mingw-w64-x86-64-posix dpkg-dev wine wine64 nsis fonts-liberation icoutils
+  python3-pil python3-xlib python3-tesserocr tesseract-ocr-eng tesseract-ocr-fra
+)
+
 # Compiling again what was compiled before costs next to nothing.
 export CMAKE_CXX_COMPILER_LAUNCHER=ccache
 
+# Installs those of the packages given that are missing.
 install_packages() {
   local missing=() package
-  for package in "${packages[@]}"; do
+  for package in "$@"; do
     [ "$(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null)" = installed ] ||
       missing+=("$package")
   done
@@ -27,11 +37,36 @@ install_packages() {
     "${missing[@]}" >/dev/null
 }
 
-# Configures and builds a preset.
+# Configures a preset and builds the targets given, or all.
 build() {
-  cmake --preset "$1" >"$root/build/$1.configure.log" 2>&1 || {
-    cat "$root/build/$1.configure.log"
+  local preset=$1
+  shift
+  cmake --preset "$preset" >"$root/build/$preset.configure.log" 2>&1 || {
+    cat "$root/build/$preset.configure.log"
     return 1
   }
-  cmake --build --preset "$1"
+  cmake --build --preset "$preset" ${@:+--target "$@"}
+}
+
+passed=0
+failed=0
+
+# Runs one stage and prints how long it took.
+stage() {
+  local name=$1 start=$SECONDS
+  shift
+  echo "== $name"
+  if "$@"; then
+    passed=$((passed + 1))
+    echo "== $name: passed in $((SECONDS - start)) s"
+  else
+    failed=$((failed + 1))
+    echo "== $name: FAILED after $((SECONDS - start)) s"
+  fi
+}
+
+# Says how many stages passed; fails if any failed.
+finish() {
+  echo "$passed passed, $failed failed"
+  [ "$failed" -eq 0 ]
 }

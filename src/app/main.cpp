@@ -79,7 +79,7 @@ int main(int argc, char** argv) {
                    .now = [] { return QDateTime::currentDateTime(); },
                    .folder = folder,
                    .pages = ProgramPages(QApplication::applicationDisplayName(), kVersion),
-                   .find_usb_port = [] { return FindUsbPortLinux("/sys"); },
+                   .find_usb_port = FindSystemUsbPort,
                    .start_program = [](const std::filesystem::path& path) { StartProgram(path); }});
   dialogs->SetFrame(&frame);
 

@@ -1,7 +1,10 @@
 #include "board/numbers.h"
 
+#include <charconv>
 #include <cmath>
 #include <limits>
+#include <string>
+#include <system_error>
 
 #include "board/errors.h"
 
@@ -26,8 +29,11 @@ int16_t ToInt16(double value) { return Checked<int16_t>(value); }
 int32_t ToInt32(double value) { return Checked<int32_t>(value); }
 
 double PowerOfTen(int exponent) {
-  const double power = std::pow(10.0, exponent);
-  if (!std::isfinite(power)) throw RuntimeError(ErrorCode::kOverflow);
+  // Reading a number is exact on every system; the power function is not.
+  const std::string text = "1e" + std::to_string(exponent);
+  double power = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), power);
+  if (error != std::errc()) throw RuntimeError(ErrorCode::kOverflow);
   return power;
 }
 

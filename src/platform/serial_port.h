@@ -11,7 +11,8 @@ namespace sorvane {
 // Runs a handler as an event of the program, behind the program's gate.
 using EnterEvent = std::function<void(const std::function<void()>& handler)>;
 
-// The computer's serial port, closed. folder is the program's, where a link can name the device.
+// The computer's serial port, closed. folder is the program's, where on Linux a link can name the
+// device.
 // Needs an event loop; Port tells the rest. Receptions come as events of their own, never within a
 // call of the port, so that every call is allowed in their handler.
 std::unique_ptr<Port> MakeSerialPort(const std::filesystem::path& folder, EnterEvent enter);

@@ -7,11 +7,10 @@
 #include <QFileInfo>
 #include <QObject>
 #include <QSerialPort>
-#include <utility>
 
 #include "board/errors.h"
 #include "platform/com_port_path.h"
-#include "platform/serial_port.h"
+#include "platform/serial_device.h"
 
 namespace sorvane {
 namespace {
@@ -39,109 +38,57 @@ class DeviceLock {
   int descriptor_;
 };
 
-// One opening of the device, up to the close.
-struct OpenDevice {
-  explicit OpenDevice(const std::filesystem::path& device) : lock(device) {
-    serial.setPortName(QFileInfo(device).filePath());
-    serial.setBaudRate(QSerialPort::Baud19200);
-    serial.setDataBits(QSerialPort::Data8);
-    serial.setParity(QSerialPort::NoParity);
-    serial.setStopBits(QSerialPort::OneStop);
-    serial.setFlowControl(QSerialPort::NoFlowControl);
-    if (!serial.open(QIODevice::ReadWrite)) throw RuntimeError(ErrorCode::kPort);
+class LinuxSerialDevice : public SerialDevice {
+ public:
+  explicit LinuxSerialDevice(const std::filesystem::path& device) : lock_(device) {
+    serial_.setPortName(QFileInfo(device).filePath());
+    serial_.setBaudRate(QSerialPort::Baud19200);
+    serial_.setDataBits(QSerialPort::Data8);
+    serial_.setParity(QSerialPort::NoParity);
+    serial_.setStopBits(QSerialPort::OneStop);
+    serial_.setFlowControl(QSerialPort::NoFlowControl);
+    if (!serial_.open(QIODevice::ReadWrite)) throw RuntimeError(ErrorCode::kPort);
     // A pseudo-terminal would stay in exclusive mode after a program that was killed, and turn the
     // next one away.
-    if (device.parent_path() == "/dev/pts") ioctl(serial.handle(), TIOCNXCL);
-    serial.clear();
+    if (device.parent_path() == "/dev/pts") ioctl(serial_.handle(), TIOCNXCL);
+    serial_.clear();
+    QObject::connect(&serial_, &QSerialPort::readyRead, &context_, [this] { on_bytes(); });
+    QObject::connect(&serial_, &QSerialPort::errorOccurred, &context_, [this] {
+      serial_.disconnect(&context_);
+      on_lost();
+    });
   }
-  ~OpenDevice() {
-    if (serial.isOpen()) serial.clear();
-  }
-
-  DeviceLock lock;
-  QSerialPort serial;
-};
-
-// Signals of QSerialPort are only noted; what follows from them is a posted event. So no call of
-// the program ever comes from within the QSerialPort, which could neither deliver nor close there.
-class SerialPort : public QObject, public Port {
- public:
-  SerialPort(std::filesystem::path folder, EnterEvent enter)
-      : folder_(std::move(folder)), enter_(std::move(enter)) {}
-
-  void SetCommPort(int number) override {
-    if (open_) throw RuntimeError(ErrorCode::kPort);
-    number_ = number;
+  ~LinuxSerialDevice() override {
+    serial_.disconnect(&context_);
+    if (serial_.isOpen()) serial_.clear();
   }
 
-  bool PortOpen() const override { return open_; }
-
-  void Open() override {
-    if (open_) throw RuntimeError(ErrorCode::kPort);
-    device_ = std::make_unique<OpenDevice>(ComPortPath(folder_, number_));
-    open_ = true;
-    ++opening_;
-    connect(&device_->serial, &QSerialPort::readyRead, this, [this] { OnBytes(); });
-    connect(&device_->serial, &QSerialPort::errorOccurred, this, [this] { OnError(); });
+  void Write(const Bytes& bytes) override {
+    // To flush to a line that takes nothing for now would count as its loss.
+    const bool idle = serial_.bytesToWrite() == 0;
+    serial_.write(reinterpret_cast<const char*>(bytes.data()), static_cast<qint64>(bytes.size()));
+    if (idle) serial_.flush();
   }
 
-  void Close() override {
-    device_.reset();
-    open_ = false;
+  std::size_t Available() const override {
+    return static_cast<std::size_t>(serial_.bytesAvailable());
   }
 
-  void Output(const Bytes& bytes) override {
-    if (!open_) throw RuntimeError(ErrorCode::kPort);
-    if (!device_) return;
-    device_->serial.write(reinterpret_cast<const char*>(bytes.data()),
-                          static_cast<qint64>(bytes.size()));
-    device_->serial.flush();
-  }
-
-  std::size_t InBufferCount() const override {
-    return device_ ? static_cast<std::size_t>(device_->serial.bytesAvailable()) : 0;
-  }
-
-  Bytes Input() override {
-    if (!device_) return {};
-    const QByteArray bytes = device_->serial.readAll();
+  Bytes TakeAll() override {
+    const QByteArray bytes = serial_.readAll();
     return Bytes(bytes.begin(), bytes.end());
   }
 
  private:
-  void OnBytes() {
-    Post([this] {
-      // The bytes may have been taken meanwhile; an event without any would count as a reply.
-      if (InBufferCount() > 0 && on_comm) enter_([this] { on_comm(kCommEventReceive); });
-    });
-  }
-
-  // A device that vanished would raise errors without end.
-  void OnError() {
-    device_->serial.disconnect(this);
-    Post([this] { device_.reset(); });
-  }
-
-  // Runs handler in an event of its own, unless the device has been closed by then.
-  void Post(std::function<void()> handler) {
-    const auto run = [this, opening = opening_, handler = std::move(handler)] {
-      if (device_ && opening == opening_) handler();
-    };
-    QMetaObject::invokeMethod(this, run, Qt::QueuedConnection);
-  }
-
-  std::filesystem::path folder_;
-  EnterEvent enter_;
-  int number_ = 1;
-  int opening_ = 0;  // tells the events of one opening from those of the next
-  bool open_ = false;
-  std::unique_ptr<OpenDevice> device_;  // none while closed or vanished
+  DeviceLock lock_;
+  QSerialPort serial_;
+  QObject context_;
 };
 
 }  // namespace
 
-std::unique_ptr<Port> MakeSerialPort(const std::filesystem::path& folder, EnterEvent enter) {
-  return std::make_unique<SerialPort>(folder, std::move(enter));
+std::unique_ptr<SerialDevice> OpenSerialDevice(const std::filesystem::path& folder, int number) {
+  return std::make_unique<LinuxSerialDevice>(ComPortPath(folder, number));
 }
 
 }  // namespace sorvane

@@ -1,3 +1,5 @@
+#include "platform/usb_adapter_linux.h"
+
 #include <algorithm>
 #include <charconv>
 #include <optional>
@@ -35,5 +37,7 @@ std::string FindUsbPortLinux(const std::filesystem::path& sys_folder) {
   }
   return first ? "COM" + std::to_string(kFirstPort + *first) : std::string();
 }
+
+std::string FindSystemUsbPort() { return FindUsbPortLinux("/sys"); }
 
 }  // namespace sorvane

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QIcon>
+#include <QImage>
 #include <QPainterPath>
 
 namespace sorvane {
@@ -8,7 +9,13 @@ namespace sorvane {
 // The program's sign, a snow crystal around the origin whose arms have the given length.
 QPainterPath Crystal(double length);
 
-// The program's icon: the sign on a blue ground, in all sizes that desktops ask for.
+// The edges of the program's icon in pixels, all that desktops ask for.
+inline constexpr int kIconSizes[] = {16, 24, 32, 48, 64, 128, 256};
+
+// The program's icon in one size: a snow crystal on a blue ground. Needs no application object.
+QImage IconImage(int size);
+
+// The same in all sizes.
 QIcon ProgramIcon();
 
 }  // namespace sorvane

@@ -2,7 +2,6 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
-#include <poll.h>
 #include <pty.h>
 #include <sys/ioctl.h>
 #include <termios.h>
@@ -22,7 +21,10 @@ PseudoTerminal::PseudoTerminal() {
   device_ = name.data();
 }
 
-PseudoTerminal::~PseudoTerminal() { Vanish(); }
+PseudoTerminal::~PseudoTerminal() {
+  Vanish();
+  close(held_);
+}
 
 void PseudoTerminal::Send(const Bytes& bytes) const {
   EXPECT_EQ(write(board_, bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
@@ -38,10 +40,15 @@ Bytes PseudoTerminal::Take() const {
   return taken;
 }
 
-void PseudoTerminal::WaitForArrival() const {
-  constexpr int kLimit = 10000;  // ms
-  pollfd device{held_, POLLIN, 0};
-  EXPECT_EQ(poll(&device, 1, kLimit), 1);
+std::string PseudoTerminal::Settings() const {
+  termios set{};
+  EXPECT_EQ(tcgetattr(held_, &set), 0);
+  const auto has = [](tcflag_t flags, tcflag_t mask) { return (flags & mask) != 0; };
+  std::string words = cfgetospeed(&set) == B19200 ? "19200 baud" : "another speed";
+  words += has(set.c_cflag, CSTOPB) ? ", 2 stop bits" : ", 1 stop bit";
+  if (has(set.c_cflag, CRTSCTS)) words += ", handshake by lines";
+  if (has(set.c_iflag, IXON | IXOFF)) words += ", handshake by characters";
+  return words;
 }
 
 int PseudoTerminal::CountArrived() const {
@@ -50,17 +57,12 @@ int PseudoTerminal::CountArrived() const {
   return count;
 }
 
+// As long as the device is held, no other terminal of the machine gets its name.
 void PseudoTerminal::Vanish() {
-  for (int* descriptor : {&held_, &board_}) {
-    if (*descriptor >= 0) close(*descriptor);
-    *descriptor = -1;
-  }
+  if (board_ >= 0) close(board_);
+  board_ = -1;
 }
 
-bool PseudoTerminal::IsExclusive() const {
-  int exclusive = 0;
-  EXPECT_EQ(ioctl(held_, TIOCGEXCL, &exclusive), 0);
-  return exclusive != 0;
-}
+void PseudoTerminal::SetExclusive() const { EXPECT_EQ(ioctl(held_, TIOCEXCL), 0); }
 
 }  // namespace sorvane::test

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <string>
 
 #include "board/reply.h"
 
@@ -22,16 +23,21 @@ class PseudoTerminal {
   // What has come to the board since the last call.
   Bytes Take() const;
 
-  // Waits until bytes that were sent lie at the device, where the program hasn't read them yet.
-  void WaitForArrival() const;
-  // How many bytes lie there.
+  // What a line without a wire knows of its settings: "19200 baud, 1 stop bit", with the handshakes
+  // behind it that are switched on. Each of its bytes has 8 bits and no parity anyway.
+  std::string Settings() const;
+
+  // How many bytes lie at the device, where the program hasn't read them yet.
   int CountArrived() const;
 
   // The device is gone, like an adapter that was pulled.
   void Vanish();
 
-  // Whether the device is in the mode in which it can't be opened again.
-  bool IsExclusive() const;
+  // The device comes into the mode in which it can't be opened again.
+  void SetExclusive() const;
+
+  // Whether a descriptor of this process is the board's or the one that holds the device open.
+  bool Holds(int descriptor) const { return descriptor == board_ || descriptor == held_; }
 
  private:
   std::filesystem::path device_;

@@ -2,33 +2,27 @@
 
 #include <gtest/gtest.h>
 
+#include <QDeadlineTimer>
 #include <QMetaObject>
 #include <QObject>
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <optional>
+#include <thread>
 
 #include "board/errors.h"
 #include "platform/event_loop.h"
-#include "platform/pseudo_terminal.h"
 #include "platform/serial_port.h"
-#include "support/index_files.h"
+#include "platform/test_line.h"
 
 namespace sorvane::test {
 
-// A program's serial port and, by the link in the program's folder, the line that it opens.
+// A program's serial port and the line that it opens.
 class SerialPortTest : public ::testing::Test {
  protected:
-  SerialPortTest() { LinkTo(line_.Device()); }
-
-  void LinkTo(const std::filesystem::path& device) {
-    const std::filesystem::path link = folder_.Path() / "COM1";
-    std::filesystem::remove(link);
-    std::filesystem::create_symlink(device, link);
-  }
-
   std::unique_ptr<Port> MakePort() {
-    auto port = MakeSerialPort(folder_.Path(), [this](const std::function<void()>& handler) {
+    auto port = MakeSerialPort(line_.Folder(), [this](const std::function<void()>& handler) {
       ++entered_;
       if (gate_open_) handler();
     });
@@ -67,6 +61,27 @@ class SerialPortTest : public ::testing::Test {
     EXPECT_TRUE(RunUntil([&] { return !received_.empty() && received_.back() == last; }));
   }
 
+  // What comes to the board, once that many bytes have come.
+  Bytes TakeFromLine(std::size_t count) {
+    Bytes taken;
+    EXPECT_TRUE(RunUntil([&] {
+      const Bytes more = line_.Take();
+      taken.insert(taken.end(), more.begin(), more.end());
+      return taken.size() >= count;
+    }));
+    return taken;
+  }
+
+  // Waits until that many bytes, or more, lie at the device, where the program hasn't read them
+  // yet.
+  void WaitForArrival(int count) {
+    const QDeadlineTimer deadline(std::chrono::seconds(10));
+    while (line_.CountArrived() < count) {
+      ASSERT_FALSE(deadline.hasExpired());
+      std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+  }
+
   // Runs act in the moment in which bytes lie in the port's buffer and their event is still to
   // come.
   void ActBeforeTheEvent(const std::function<void()>& act) {
@@ -84,8 +99,7 @@ class SerialPortTest : public ::testing::Test {
     EXPECT_TRUE(RunUntil([&] { return acted; }));
   }
 
-  TempFolder folder_;
-  PseudoTerminal line_;
+  TestLine line_;
   bool gate_open_ = true;
   int entered_ = 0;
   int events_ = 0;

@@ -24,22 +24,39 @@ TEST_F(SerialPortTest, IsOpenBetweenOpenAndClose) {
   EXPECT_FALSE(port_->PortOpen());
 }
 
+TEST_F(SerialPortTest, TheLineIsSetAsTheBoardsIs) {
+  port_->Open();
+  EXPECT_EQ(line_.Settings(), "19200 baud, 1 stop bit");
+}
+
 TEST_F(SerialPortTest, AMissingDeviceCannotBeOpened) {
-  LinkTo("/dev/pts/missing");
+  line_.Remove();
   EXPECT_EQ(ErrorOfOpen(), ErrorCode::kPort);
   EXPECT_FALSE(port_->PortOpen());
 }
 
 TEST_F(SerialPortTest, AFileThatIsNoTerminalCannotBeOpened) {
-  folder_.WriteFile("file", {});
-  LinkTo("file");
+  line_.PutFile();
   EXPECT_EQ(ErrorOfOpen(), ErrorCode::kPort);
+}
+
+TEST_F(SerialPortTest, ADeviceThatIsHeldCannotBeOpened) {
+  line_.HoldAlone();
+  EXPECT_EQ(ErrorOfOpen(), ErrorCode::kPort);
+  EXPECT_FALSE(port_->PortOpen());
 }
 
 TEST_F(SerialPortTest, AnOpenPortCannotBeOpened) {
   port_->Open();
   EXPECT_EQ(ErrorOfOpen(), ErrorCode::kPort);
   EXPECT_TRUE(port_->PortOpen());
+}
+
+TEST_F(SerialPortTest, AClosedPortIsFreeForASecondOne) {
+  port_->Open();
+  port_->Close();
+  const std::unique_ptr<Port> second = MakePort();
+  EXPECT_EQ(ErrorOf([&] { second->Open(); }), std::nullopt);
 }
 
 TEST_F(SerialPortTest, AnOpenPortKeepsItsNumber) {
@@ -67,13 +84,19 @@ TEST_F(SerialPortTest, EveryByteReachesTheProgram) {
 TEST_F(SerialPortTest, EveryByteReachesTheBoard) {
   port_->Open();
   port_->Output(AllBytes());
-  Bytes taken;
-  EXPECT_TRUE(RunUntil([&] {
-    const Bytes more = line_.Take();
-    taken.insert(taken.end(), more.begin(), more.end());
-    return taken.size() >= 256;
-  }));
-  EXPECT_EQ(taken, AllBytes());
+  EXPECT_EQ(TakeFromLine(256), AllBytes());
+}
+
+TEST_F(SerialPortTest, OutputComesBehindWhatIsStillOnItsWay) {
+  constexpr std::size_t kMoreThanTheLineHolds = 200000;
+  port_->Open();
+  Bytes expected(kMoreThanTheLineHolds, 1);
+  port_->Output(expected);
+  for (const Bytes& bytes : {Bytes{2, 3}, Bytes(), AllBytes()}) {
+    port_->Output(bytes);
+    expected.insert(expected.end(), bytes.begin(), bytes.end());
+  }
+  EXPECT_EQ(TakeFromLine(expected.size()), expected);
 }
 
 TEST_F(SerialPortTest, TheReceiveBufferHolds1024Bytes) {
@@ -152,6 +175,7 @@ TEST_F(SerialPortTest, WithoutAHandlerBytesWaitInTheBuffer) {
 TEST_F(SerialPortTest, BytesFromBeforeTheOpenAreThrownAway) {
   TakeReceptions();
   line_.Send({1, 2, 3});
+  WaitForArrival(3);
   port_->Open();
   SendLast(9);
   EXPECT_EQ(received_, Bytes{9});
@@ -171,7 +195,8 @@ TEST_F(SerialPortTest, CloseThrowsTheReceiveBufferAway) {
 TEST_F(SerialPortTest, CloseThrowsAwayWhatTheProgramHasNotReadYet) {
   port_->Open();
   line_.Send({1, 2, 3});
-  line_.WaitForArrival();
+  // A read that is under way may have taken the first.
+  WaitForArrival(2);
   port_->Close();
   EXPECT_EQ(line_.CountArrived(), 0);
 }
@@ -190,6 +215,18 @@ TEST_F(SerialPortTest, CloseThrowsUnsentOutputAway) {
     return !more.empty() && more.back() == 2;
   }));
   EXPECT_LT(taken, kMoreThanTheLineHolds);
+}
+
+TEST_F(SerialPortTest, CanBeClosedAndOpenedManyTimes) {
+  TakeReceptions();
+  for (uint8_t round = 1; round <= 100 && !HasFailure(); ++round) {
+    port_->Open();
+    SendLast(round);
+    port_->Output({round});
+    EXPECT_EQ(TakeFromLine(1), Bytes{round});
+    port_->Close();
+  }
+  EXPECT_EQ(events_, 100);
 }
 
 TEST_F(SerialPortTest, AClosedPortRaisesNoEventForBytesThatCameBefore) {

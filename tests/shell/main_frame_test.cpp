@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 
 #include <QAction>
 #include <QLabel>
@@ -7,11 +6,11 @@
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
-#include <csignal>
 
 #include "board/errors.h"
 #include "shell/child_form.h"
 #include "shell/program.h"
+#include "support/unwritable_file.h"
 
 namespace sorvane::test {
 namespace {
@@ -100,33 +99,12 @@ TEST(StartUp, WithoutTheSecondLevelFileTheBoxNamesIt) {
   program.link.dialogs.Expect("W0309AA00.inx not found !", "ERROR", 16);
 }
 
-// While it lives no file can be written, by an administrator neither.
-class NoRoomForFiles {
- public:
-  NoRoomForFiles() {
-    getrlimit(RLIMIT_FSIZE, &before_);
-    const rlimit none{0, before_.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &none);
-    handler_ = std::signal(SIGXFSZ, SIG_IGN);
-  }
-  ~NoRoomForFiles() {
-    setrlimit(RLIMIT_FSIZE, &before_);
-    std::signal(SIGXFSZ, handler_);
-  }
-  NoRoomForFiles(const NoRoomForFiles&) = delete;
-  NoRoomForFiles& operator=(const NoRoomForFiles&) = delete;
-
- private:
-  rlimit before_{};
-  void (*handler_)(int) = nullptr;
-};
-
 TEST(StartUp, SettingsThatCannotBeSavedEndTheProgramWithTheReport) {
   // With fewer than ten language files the language is dropped, and that is saved.
   Program program;
   program.link.folder.RemoveFile("Lima.lng");
   {
-    const NoRoomForFiles none;
+    const UnwritableFile settings(program.link.folder.Path() / "Sorvane.ini");
     program.Start();
   }
   EXPECT_EQ(program.reports,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <string>
@@ -8,7 +9,17 @@
 
 namespace sorvane::test {
 
-inline void WriteText(const TempFolder& folder, const std::string& name, const std::string& text) {
+// A file name ending in .lng whose units form no text: bytes on Linux, half of a pair on Windows.
+inline std::filesystem::path NameThatIsNoText() {
+#ifdef _WIN32
+  return std::wstring{'b', 'a', 'd', wchar_t{0xD800}, '.', 'l', 'n', 'g'};
+#else
+  return "bad\xFF.lng";
+#endif
+}
+
+inline void WriteText(const TempFolder& folder, const std::filesystem::path& name,
+                      const std::string& text) {
   folder.WriteFile(name, Bytes(text.begin(), text.end()));
 }
 

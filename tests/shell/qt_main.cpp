@@ -2,7 +2,12 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QtPlugin>
 #include <cstdio>
+
+#ifdef Q_OS_WINDOWS
+Q_IMPORT_PLUGIN(QOffscreenIntegrationPlugin)  // a static Qt brings the desktop's platform only
+#endif
 
 namespace {
 

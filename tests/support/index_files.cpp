@@ -1,7 +1,7 @@
 #include "support/index_files.h"
 
-#include <cstdlib>
 #include <fstream>
+#include <random>
 #include <stdexcept>
 
 namespace sorvane::test {
@@ -31,9 +31,10 @@ constexpr Span kWide[] = {
 }  // namespace
 
 TempFolder::TempFolder() {
-  std::string name = (std::filesystem::temp_directory_path() / "sorvane-test-XXXXXX").string();
-  if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder");
-  path_ = name;
+  std::random_device random;
+  do {
+    path_ = std::filesystem::temp_directory_path() / ("sorvane-test-" + std::to_string(random()));
+  } while (!std::filesystem::create_directory(path_));
 }
 
 TempFolder::~TempFolder() {
@@ -41,10 +42,10 @@ TempFolder::~TempFolder() {
   std::filesystem::remove_all(path_, ignored);
 }
 
-void TempFolder::WriteFile(const std::string& name, const Bytes& bytes) const {
+void TempFolder::WriteFile(const std::filesystem::path& name, const Bytes& bytes) const {
   std::ofstream out(path_ / name, std::ios::binary);
   for (const uint8_t byte : bytes) out.put(static_cast<char>(byte));
-  if (!out.flush()) throw std::runtime_error("can't write " + name);
+  if (!out.flush()) throw std::runtime_error("can't write " + name.string());
 }
 
 void TempFolder::RemoveFile(const std::string& name) const {

@@ -20,7 +20,7 @@ class TempFolder {
   const std::filesystem::path& Path() const { return path_; }
 
   // Writes a file of this name, in place of one that is there.
-  void WriteFile(const std::string& name, const Bytes& bytes) const;
+  void WriteFile(const std::filesystem::path& name, const Bytes& bytes) const;
   void RemoveFile(const std::string& name) const;
 
  private:

@@ -8,6 +8,7 @@
 
 int main(int argc, char** argv) {
   CLI::App app{"Translates between readable tables and index files (.inx), and checks tables."};
+  app.allow_windows_style_options(false);  // a slash begins a path on every system
   app.require_subcommand(1);
   std::string table;
   std::string index_file;

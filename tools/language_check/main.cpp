@@ -7,6 +7,7 @@
 
 int main(int argc, char** argv) {
   CLI::App app{"Checks the language files of a folder against one of them."};
+  app.allow_windows_style_options(false);  // a slash begins a path on every system
   std::filesystem::path folder;
   std::string reference = "Italiano";
   app.add_option("folder", folder, "Folder with the .lng files and same-words.txt")->required();

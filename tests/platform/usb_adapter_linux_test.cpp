@@ -1,4 +1,4 @@
-#include "platform/usb_adapter.h"
+#include "platform/usb_adapter_linux.h"
 
 #include <gtest/gtest.h>
 

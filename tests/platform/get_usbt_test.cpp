@@ -5,7 +5,7 @@
 #include <map>
 #include <tuple>
 
-#include "shell/GetUSBT.h"
+#include "platform/GetUSBT.h"
 #include "shell/plain_errors.h"
 
 namespace sorvane {

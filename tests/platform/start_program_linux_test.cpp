@@ -1,5 +1,3 @@
-#include "platform/start_program.h"
-
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -10,6 +8,7 @@
 #include "platform/event_loop.h"
 #include "platform/pseudo_terminal.h"
 #include "platform/serial_port.h"
+#include "platform/start_program.h"
 #include "support/index_files.h"
 
 namespace sorvane::test {

@@ -1,4 +1,4 @@
-#include "shell/GetUSBT.h"
+#include "platform/GetUSBT.h"
 
 #include <array>
 

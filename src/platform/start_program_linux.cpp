@@ -1,7 +1,7 @@
-#include "platform/start_program.h"
-
 #include <QFileInfo>
 #include <QProcess>
+
+#include "platform/start_program.h"
 
 namespace sorvane {
 

@@ -1,0 +1,43 @@
+# What cpack makes of the build, in build/packages: a Debian package on Linux, a zip and a setup on
+# Windows. Their texts are in packaging/.
+
+set(CMAKE_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE
+  GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+
+set(CPACK_PACKAGE_NAME Sorvane)
+set(CPACK_PACKAGE_VENDOR "The Sorvane developers")
+set(CPACK_PACKAGE_CONTACT "The Sorvane developers <developers@sorvane.invalid>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "service tool for the control board of a vending machine")
+set(CPACK_STRIP_FILES ON)
+set(CPACK_PACKAGE_DIRECTORY ${CMAKE_BINARY_DIR})
+set(CPACK_OUTPUT_FILE_PREFIX ${CMAKE_SOURCE_DIR}/build/packages)
+set(CPACK_VERBATIM_VARIABLES ON)
+
+# The program and the data files that it looks for beside itself, without the settings.
+function(sorvane_install_program_folder destination)
+  install(TARGETS Sorvane RUNTIME DESTINATION ${destination})
+  file(GLOB tables CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/data/index/W*.txt)
+  foreach(table IN LISTS tables)
+    cmake_path(GET table STEM name)
+    install(FILES ${SORVANE_PROGRAM_FOLDER}/${name}.inx DESTINATION ${destination})
+  endforeach()
+  install(DIRECTORY ${CMAKE_SOURCE_DIR}/data/languages/ DESTINATION ${destination}
+    FILES_MATCHING PATTERN *.lng)
+endfunction()
+
+# What making further index and language files takes besides the two tools.
+function(sorvane_install_documents documents examples)
+  install(FILES ${CMAKE_SOURCE_DIR}/docs/files.md DESTINATION ${documents})
+  install(FILES ${CMAKE_SOURCE_DIR}/data/languages/README.md DESTINATION ${documents}
+    RENAME languages.md)
+  install(DIRECTORY ${CMAKE_SOURCE_DIR}/data/index/ DESTINATION ${examples}
+    FILES_MATCHING PATTERN W*.txt)
+  install(FILES ${CMAKE_SOURCE_DIR}/data/languages/same-words.txt DESTINATION ${examples})
+endfunction()
+
+if(WIN32)
+  include(${CMAKE_SOURCE_DIR}/packaging/windows/package.cmake)
+else()
+  include(${CMAKE_SOURCE_DIR}/packaging/linux/package.cmake)
+endif()
+include(CPack)

@@ -1,0 +1,60 @@
+# The Debian package. Its program folder is what the command sorvane copies for each user.
+
+set(texts ${CMAKE_SOURCE_DIR}/packaging/linux)
+set(made ${CMAKE_BINARY_DIR}/packaging)
+set(program_folder lib/sorvane)
+set(documents share/doc/sorvane)
+set(SORVANE_MANUAL_FOLDER ${documents}/manual) # read by docs/
+
+sorvane_install_program_folder(${program_folder})
+install(TARGETS SorvaneBoard RUNTIME DESTINATION ${program_folder})
+install(FILES ${CMAKE_SOURCE_DIR}/data/Sorvane.ini DESTINATION ${program_folder})
+sorvane_install_documents(${documents} ${documents}/examples)
+
+# One launcher that looks at the name by which it is called.
+install(PROGRAMS ${texts}/sorvane DESTINATION bin)
+file(MAKE_DIRECTORY ${made})
+file(CREATE_LINK sorvane ${made}/sorvaneboard SYMBOLIC)
+install(FILES ${made}/sorvaneboard DESTINATION bin)
+install(TARGETS SorvaneIndex SorvaneLanguages RUNTIME DESTINATION bin)
+
+install(FILES ${texts}/sorvane.desktop DESTINATION share/applications)
+install(FILES ${texts}/org.sorvane.Sorvane.metainfo.xml DESTINATION share/metainfo)
+install(FILES ${texts}/60-sorvane.rules DESTINATION lib/udev/rules.d)
+foreach(size 16 24 32 48 64 128 256)
+  install(FILES ${CMAKE_SOURCE_DIR}/data/icon/sorvane-${size}.png
+    DESTINATION share/icons/hicolor/${size}x${size}/apps RENAME sorvane.png)
+endforeach()
+
+# Installs a text as Debian wants manuals and lists of changes: compressed, and without a time.
+function(install_compressed text destination name)
+  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${text})
+  execute_process(COMMAND gzip --best --no-name --stdout ${text} OUTPUT_FILE ${made}/${name}.gz
+    COMMAND_ERROR_IS_FATAL ANY)
+  install(FILES ${made}/${name}.gz DESTINATION ${destination})
+endfunction()
+
+foreach(command sorvane sorvaneboard SorvaneIndex SorvaneLanguages)
+  install_compressed(${texts}/${command}.1 share/man/man1 ${command}.1)
+endforeach()
+configure_file(${texts}/changelog.Debian.in ${made}/changelog.Debian @ONLY)
+install_compressed(${made}/changelog.Debian ${documents} changelog.Debian)
+install_compressed(${CMAKE_SOURCE_DIR}/CHANGELOG.md ${documents} changelog)
+install(FILES ${texts}/copyright ${texts}/README.Debian DESTINATION ${documents})
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_NAME sorvane)
+set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
+set(CPACK_DEBIAN_PACKAGE_SECTION comm)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
+  "Sorvane connects to the control board of a refrigerated vending machine by a
+serial line. It shows what the board holds and changes it: settings, prices,
+discounts, payment, the clock and the assignment of keys and columns. Totals,
+counters and the last alarms can be read.
+.
+A simulated board for training comes along, and so do the tools that make
+index files and check language files.")

@@ -1,0 +1,54 @@
+"""The program's file: its size, what it needs of Windows, and what it tells of itself."""
+
+import re
+import subprocess
+import unittest
+
+from bench import bench
+
+LARGEST = 25 * 2**20  # bytes
+
+# Libraries that every Windows has had since version 10, the oldest one that Qt 6 runs on.
+OF_WINDOWS = set("""
+    advapi32.dll api-ms-win-core-synch-l1-2-0.dll api-ms-win-core-winrt-l1-1-0.dll
+    api-ms-win-core-winrt-string-l1-1-0.dll authz.dll comdlg32.dll d3d11.dll d3d9.dll dwmapi.dll
+    dxgi.dll gdi32.dll imm32.dll kernel32.dll msvcrt.dll netapi32.dll ole32.dll oleaut32.dll
+    shcore.dll shell32.dll shlwapi.dll user32.dll userenv.dll uxtheme.dll version.dll winmm.dll
+    ws2_32.dll wtsapi32.dll
+    """.split())
+
+
+class ProgramFile(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.file = bench.unpacked / "Sorvane.exe"
+        cls.headers = read("x86_64-w64-mingw32-objdump", "-p", cls.file).decode()
+        cls.resources = read("wrestool", "--list", cls.file).decode()
+
+    def test_it_is_no_larger_than_a_quick_download(self):
+        self.assertLess(self.file.stat().st_size, LARGEST)
+
+    def test_it_needs_no_library_that_windows_hasnt(self):
+        needed = {name.lower() for name in re.findall(r"DLL Name: (\S+)", self.headers)}
+        self.assertIn("kernel32.dll", needed)
+        self.assertEqual(needed - OF_WINDOWS, set())
+
+    def test_it_brings_windows_and_no_console(self):
+        self.assertEqual(re.search(r"^Subsystem\s+\d+\s+\((.*)\)$", self.headers, re.M)[1],
+                         "Windows GUI")
+
+    def test_it_tells_its_version(self):
+        told = read("wrestool", "--extract", "--raw", "--type=16", self.file).decode("utf-16-le",
+                                                                                     "replace")
+        for words in ("ProductName\0\0Sorvane\0", "FileVersion", "ProductVersion"):
+            self.assertIn(words, told)
+
+    def test_it_has_one_manifest_which_asks_for_no_more_rights(self):
+        self.assertEqual(len(re.findall(r"--type=24 ", self.resources)), 1)
+        manifest = read("wrestool", "--extract", "--raw", "--type=24", self.file).decode()
+        self.assertIn('level="asInvoker"', manifest)
+
+
+def read(*command):
+    return subprocess.run([str(word) for word in command], check=True,
+                          stdout=subprocess.PIPE).stdout
