@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QEvent>
 #include <QWidget>
 
 namespace sorvane {
@@ -17,6 +18,13 @@ class ChildForm : public QWidget {
   virtual void Activate() {}  // it has come to the front
   virtual void Unload() {}
   virtual void ReplyNotice(const Reply&) {}
+
+ protected:
+  // A form that has the keyboard is said by its caption.
+  void changeEvent(QEvent* event) override {
+    if (event->type() == QEvent::WindowTitleChange) setAccessibleName(windowTitle());
+    QWidget::changeEvent(event);
+  }
 };
 
 }  // namespace sorvane

@@ -12,6 +12,7 @@
 #include "link/frm_ser.h"
 #include "shell/background.h"
 #include "shell/child_form.h"
+#include "shell/frame_keys.h"
 #include "shell/language_files.h"
 #include "shell/main_menu.h"
 #include "shell/page_host.h"
@@ -41,6 +42,7 @@ MainFrame::MainFrame(Outside outside)
   setCentralWidget(area);
   menu_ = std::make_unique<MainMenu>(*menuBar(), out_.gate);
   pages_ = std::make_unique<PageHost>(out_.gate, *area, *this);
+  AddFrameKeys(out_.gate, *this, *area);
   // Room for the widest page, and for the whole menu bar in a large font.
   resize(kFrameSize.expandedTo({menuBar()->sizeHint().width(), 0}));
   statusBar()->setSizeGripEnabled(false);

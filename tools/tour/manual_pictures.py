@@ -163,8 +163,8 @@ class LampsVisit(ManualVisit):
     def _take_lamps(self, name, lit):
         wait_for(f"lamps for {name}", lambda: all(
             self._program.lamp(lamp) == (lamp in lit) for lamp in LAMPS))
-        places = [lamp.place for lamp in self._program.frame().all("unknown")
-                  if lamp.name in LAMPS]
+        places = [lamp.place for lamp in self._program.frame().all("label")
+                  if lamp.name.split(":")[0] in LAMPS]
         left = min(place[0] for place in places) - ROOM
         right = max(place[0] + place[2] for place in places) + ROOM
         _, top, _, height = places[0]

@@ -52,8 +52,7 @@ class Program:
     def lamp(self, name):
         """Whether a lamp of the status bar, "Transmit", "Receive" or "Error", is lit."""
         frame = self.frame()
-        return any(lamp.name == name and lamp.has("checked")
-                   for lamp in (frame.all("unknown") if frame else ()))
+        return frame is not None and frame.find("label", f"{name}: on") is not None
 
     # The menu bar.
 

@@ -3,6 +3,7 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
+#include <QPainter>
 
 #include "board/reply.h"
 #include "shell/western_text.h"
@@ -11,6 +12,30 @@ namespace sorvane {
 namespace {
 
 constexpr const char* kWidest = " 4294967.295 ";  // what a box has room for
+
+// The bordered box of a value. It can be reached and copied by keys, and shows that it has them.
+class ValueBox : public QLabel {
+ public:
+  explicit ValueBox(QWidget* parent) : QLabel(parent) {
+    setTextFormat(Qt::PlainText);
+    setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    setFocusPolicy(Qt::StrongFocus);
+    setFrameStyle(QFrame::Panel | QFrame::Sunken);
+    setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    setMinimumWidth(fontMetrics().horizontalAdvance(kWidest) + 2 * frameWidth());
+    setBackgroundRole(QPalette::Base);
+    setAutoFillBackground(true);
+  }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override {
+    QLabel::paintEvent(event);
+    if (!hasFocus()) return;
+    QPainter painter(this);
+    painter.setPen(palette().color(QPalette::Highlight));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+  }
+};
 
 }  // namespace
 
@@ -41,13 +66,9 @@ void AuditPage::AddGroup(QGridLayout& cells, const AuditGroup& group) {
 void AuditPage::AddRow(QGridLayout& grid, QWidget& parent, const AuditRow& row, int i) {
   QLabel* caption = AddLabel(ControlName(row.caption, row.caption_index + i), &parent);
   captions_.push_back({caption, row.message, row.number == 0 ? 0 : row.number + i});
-  QLabel* value = AddLabel(ControlName("Label1", row.value + i), &parent);
-  value->setFrameStyle(QFrame::Panel | QFrame::Sunken);
-  value->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  value->setMinimumWidth(fontMetrics().horizontalAdvance(kWidest) + 2 * value->frameWidth());
-  value->setBackgroundRole(QPalette::Base);
-  value->setAutoFillBackground(true);
-  value->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  auto* value = new ValueBox(&parent);
+  value->setObjectName(ControlName("Label1", row.value + i));
+  caption->setBuddy(value);
   values_.insert(row.parameter + i, value);
   const int line = grid.count() / 2;  // two cells a row
   grid.addWidget(caption, line, 0);

@@ -43,6 +43,7 @@ FrmAllarmi::FrmAllarmi(const PageServices& services)
   heading->setText("Ultimi 20 allarmi rilevati");
   heading->setBuddy(list_);
   list_->setAccessibleName(heading->text());
+  progress_->setAccessibleName(heading->text());
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(heading);
   layout->addWidget(list_, 1);

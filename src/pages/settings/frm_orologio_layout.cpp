@@ -167,6 +167,7 @@ void FrmOrologio::LoadPageCaptions() {
   LoadBandCaptions();
   SetCaption(*switch_label_, both);
   switch_->setAccessibleName(both);
+  face_->setAccessibleName(Message(kClockTab));
   LoadOnOffCaptions();
   switch_->SetLabels(Message(kYes) + "," + Message(kNo));
 }

@@ -83,29 +83,42 @@ class ToggleInterface final : public QAccessibleWidget {
   Toggle& toggle_;
 };
 
-class ClockInterface final : public QAccessibleWidget {
+// A control that only shows something. What it shows stands in its name, behind the words for it:
+// desktops know no role of a clock or a lamp, and read no value of a text.
+class Display : public QAccessibleWidget {
  public:
-  explicit ClockInterface(ClockFace* clock)
-      : QAccessibleWidget(clock, QAccessible::Clock), clock_(*clock) {}
+  explicit Display(QWidget* control) : QAccessibleWidget(control, QAccessible::StaticText) {}
+
+  QAccessible::State state() const override {
+    QAccessible::State state = QAccessibleWidget::state();
+    state.readOnly = true;
+    return state;
+  }
+};
+
+class ClockInterface final : public Display {
+ public:
+  explicit ClockInterface(ClockFace* clock) : Display(clock), clock_(*clock) {}
 
   QString text(QAccessible::Text kind) const override {
-    return kind == QAccessible::Value ? clock_.Text() : QAccessibleWidget::text(kind);
+    if (kind == QAccessible::Value) return clock_.Text();
+    const QString words = Display::text(kind);
+    return kind == QAccessible::Name ? (words + ' ' + clock_.Text()).trimmed() : words;
   }
 
  private:
   ClockFace& clock_;
 };
 
-class LampInterface final : public QAccessibleWidget {
+class LampInterface final : public Display {
  public:
-  explicit LampInterface(Lamp* lamp)
-      : QAccessibleWidget(lamp, QAccessible::Indicator), lamp_(*lamp) {}
+  explicit LampInterface(Lamp* lamp) : Display(lamp), lamp_(*lamp) {}
 
-  QAccessible::State state() const override {
-    QAccessible::State state = QAccessibleWidget::state();
-    state.checked = lamp_.IsLit();
-    state.readOnly = true;
-    return state;
+  QString text(QAccessible::Text kind) const override {
+    const char* state = lamp_.IsLit() ? "on" : "off";
+    if (kind == QAccessible::Value) return state;
+    const QString words = Display::text(kind);
+    return kind == QAccessible::Name ? words + ": " + state : words;
   }
 
  private:
@@ -134,6 +147,11 @@ void TellCheckChange(QWidget& control) {
   QAccessible::State changed;
   changed.checked = true;
   QAccessibleStateChangeEvent event(&control, changed);
+  QAccessible::updateAccessibility(&event);
+}
+
+void TellNameChange(QWidget& control) {
+  QAccessibleEvent event(&control, QAccessible::NameChanged);
   QAccessible::updateAccessibility(&event);
 }
 

@@ -71,7 +71,7 @@ void ClockFace::SetTime(int hours, int minutes) {
   if (text == text_) return;
   text_ = text;
   update();
-  TellValueChange(*this, text);
+  TellNameChange(*this);
 }
 
 QSize ClockFace::sizeHint() const {

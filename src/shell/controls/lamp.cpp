@@ -44,9 +44,10 @@ Lamp::Lamp(QWidget* parent) : PaintedControl(parent) {
 
 void Lamp::SetImage(int image) {
   if (image < 1 || image > kImages || image == image_) return;
+  const bool was_lit = IsLit();
   image_ = image;
   update();
-  TellCheckChange(*this);
+  if (IsLit() != was_lit) TellNameChange(*this);
 }
 
 bool Lamp::IsLit() const { return image_ > kKinds; }

@@ -29,7 +29,7 @@ TabPages::TabPages(ProgramGate& gate, QWidget* parent)
   layout->addWidget(strip_);
   layout->addWidget(pages_, 1);
   ConnectGuarded(gate, strip_, &QTabBar::currentChanged, this,
-                 [this](int tab) { BringToFront(tab); });
+                 [this](int tab) { ChooseByUser(tab); });
 }
 
 QWidget* TabPages::AddTab(const QString& caption) {
@@ -73,6 +73,11 @@ void TabPages::SetOpen(bool open) { sorvane::SetOpen(*this, open); }
 
 void TabPages::Require(int tab) const {
   if (tab < 0 || tab >= strip_->count()) throw RuntimeError(ErrorCode::kInvalidPropertyValue);
+}
+
+void TabPages::ChooseByUser(int tab) {
+  // Clicks and keys pass a closed tab over; assistive technology that presses it doesn't.
+  SetFront(strip_->isTabEnabled(tab) ? tab : front_);
 }
 
 void TabPages::BringToFront(int tab) {

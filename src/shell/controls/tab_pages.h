@@ -43,6 +43,7 @@ class TabPages : public QWidget {
 
  private:
   void Require(int tab) const;
+  void ChooseByUser(int tab);
   void BringToFront(int tab);
 
   QTabBar* strip_;
