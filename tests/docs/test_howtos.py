@@ -1,0 +1,99 @@
+"""The how-tos, followed word by word."""
+
+import os
+import pathlib
+import re
+import shutil
+import subprocess
+import tempfile
+import unittest
+
+from program_sources import ROOT
+
+HOWTOS = ROOT / "docs" / "howto"
+LIMIT = 60  # seconds for a command
+
+BLOCK = re.compile(r"^ *```(\w+)\n(.*?)^ *```", re.MULTILINE | re.DOTALL)
+
+
+def blocks(page, kind):
+    """The blocks of a kind in a page, without the indentation of the list around them."""
+    text = (HOWTOS / page).read_text(encoding="utf-8")
+    found = []
+    for match in BLOCK.finditer(text):
+        if match[1] == kind:
+            lines = match[2].splitlines()
+            indent = min((len(line) - len(line.lstrip()) for line in lines if line), default=0)
+            found.append([line[indent:] for line in lines])
+    return found
+
+
+def commands(block):
+    """Pairs of a command and the lines that it prints."""
+    found = []
+    for line in block:
+        if line.startswith("$ "):
+            found.append((line[2:], []))
+        elif line.startswith("> "):
+            found[-1] = (found[-1][0] + "\n" + line[2:], [])
+        else:
+            found[-1][1].append(line)
+    return found
+
+
+def pattern(lines):
+    """What the output looks like: "..." stands for anything, on a line of its own for any lines."""
+    parts = [r"(?:.*\n)*" if line == "..." else
+             ".*".join(map(re.escape, line.split("..."))) + r"\n" for line in lines]
+    return re.compile("".join(parts))
+
+
+class HowTos(unittest.TestCase):
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.folder = pathlib.Path(folder.name)
+        shutil.copytree(os.environ["SORVANE_FOLDER"], self.folder / "Sorvane",
+                        ignore=shutil.ignore_patterns("COM1"))
+        shutil.copytree(ROOT / "data", self.folder / "data")
+        tools = os.environ["SORVANE_TOOLS"]
+        self.environment = {**os.environ, "LC_ALL": "C.UTF-8",
+                            "PATH": f"{tools}:{os.environ['PATH']}"}
+
+    def run_command(self, command):
+        done = subprocess.run(["bash", "-c", command], cwd=self.folder, env=self.environment,
+                              stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True,
+                              timeout=LIMIT, check=False)
+        code = f"[exit code {done.returncode}]\n" if done.returncode else ""
+        return done.stdout + code
+
+    def follow(self, page):
+        count = 0
+        for block in blocks(page, "console"):
+            for command, lines in commands(block):
+                printed = self.run_command(command)
+                count += 1
+                self.assertTrue(pattern(lines).fullmatch(printed),
+                                f"{page}: {command}\n{printed}")
+        self.assertGreaterEqual(count, 3, page)
+
+    def test_a_new_index_file_is_made_as_told(self):
+        self.follow("index-file.md")
+
+    def test_a_translation_is_made_as_told(self):
+        self.follow("translation.md")
+
+    def test_the_simulated_board_is_a_partner_as_told(self):
+        self.follow("training.md")
+
+    def test_the_page_that_is_told_is_the_page_that_is_built(self):
+        built = ROOT / "tests" / "docs" / "howto"
+        told = ["\n".join(block) + "\n" for block in blocks("page.md", "cpp")]
+        for name in ("frm_interventi.h", "frm_interventi.cpp"):
+            text = (built / name).read_text(encoding="utf-8")
+            self.assertIn(text.replace("docs/howto/", "pages/audit/"), told)
+
+    def test_every_how_to_is_followed(self):
+        self.assertEqual(sorted(path.name for path in HOWTOS.glob("*.md")),
+                         ["README.md", "index-file.md", "page.md", "training.md",
+                          "translation.md"])
