@@ -1,8 +1,13 @@
 #include "shell/qt_dialogs.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QEvent>
+#include <QFontMetrics>
+#include <QGridLayout>
+#include <QIcon>
 #include <QMessageBox>
+#include <QSpacerItem>
 #include <QWidget>
 #include <utility>
 
@@ -41,6 +46,17 @@ bool IsInput(QEvent::Type type) {
     default:
       return false;
   }
+}
+
+// Makes a box wide enough for its title beside the icon and the controls of its window: a window
+// manager cuts a title that is wider than what it stands above.
+void MakeRoomForTitle(QMessageBox& box) {
+  constexpr int kIconAndControls = 8;  // times the height of a line
+  const QFontMetrics metrics = box.fontMetrics();
+  const int width =
+      metrics.horizontalAdvance(box.windowTitle()) + kIconAndControls * metrics.height();
+  auto& grid = dynamic_cast<QGridLayout&>(*box.layout());
+  grid.addItem(new QSpacerItem(width, 0), grid.rowCount(), 0, 1, grid.columnCount());
 }
 
 }  // namespace
@@ -87,6 +103,9 @@ QMessageBox* QtDialogs::Make(const MessageBox& box) {
   } else {
     shown->setStandardButtons(QMessageBox::Ok);
   }
+  // Desktops have pictures for some of the buttons only.
+  for (QAbstractButton* button : shown->buttons()) button->setIcon({});
+  MakeRoomForTitle(*shown);
   return shown;
 }
 

@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
+#include <QProxyStyle>
 #include <QPushButton>
 #include <QTest>
 #include <QVBoxLayout>
@@ -85,6 +86,37 @@ TEST_F(Boxes, BreakTheLineAtALoneCarriageReturn) {
 TEST_F(Boxes, ShowTextAsItStands) {
   Show({"<b>1 & 2</b>", "Error", 16});
   EXPECT_EQ(Standing()->textFormat(), Qt::PlainText);
+}
+
+// A desktop on which the buttons of boxes have pictures.
+class PicturesOnButtons : public QProxyStyle {
+ public:
+  PicturesOnButtons() : QProxyStyle("Fusion") {}
+
+  int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                QStyleHintReturn* more) const override {
+    if (hint == SH_DialogButtonBox_ButtonsHaveIcons) return 1;
+    return QProxyStyle::styleHint(hint, option, widget, more);
+  }
+};
+
+TEST_F(Boxes, HaveButtonsOfWordsAlone) {
+  QApplication::setStyle(new PicturesOnButtons);
+  Show({"Text", "Title", 53});
+  QApplication::setStyle("Fusion");
+  ASSERT_EQ(Standing()->buttons().size(), 2);
+  for (const QAbstractButton* one : Standing()->buttons()) {
+    EXPECT_TRUE(one->icon().isNull()) << one->text().toStdString();
+  }
+}
+
+TEST_F(Boxes, HaveRoomForTheirTitleBesideIconAndControls) {
+  for (const char* title : {"ERROR ", "A title that is much wider than the text of its box"}) {
+    Show({"No", title, 16});
+    const QFontMetrics metrics = Standing()->fontMetrics();
+    EXPECT_GE(Standing()->width(), metrics.horizontalAdvance(title) + 8 * metrics.height());
+    QTest::keyClick(Standing(), Qt::Key_Return);
+  }
 }
 
 TEST_F(Boxes, TakeEnterForRetry) {

@@ -1,5 +1,6 @@
 #include "pages/audit/frm_allarmi.h"
 
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLocale>
 #include <QProgressBar>
@@ -44,10 +45,13 @@ FrmAllarmi::FrmAllarmi(const PageServices& services)
   heading->setBuddy(list_);
   list_->setAccessibleName(heading->text());
   progress_->setAccessibleName(heading->text());
+  // Beside the heading, so that the list keeps its place when it hides.
+  auto* top = new QHBoxLayout;
+  top->addWidget(heading, 1);
+  top->addWidget(progress_, 1);
   auto* layout = new QVBoxLayout(this);
-  layout->addWidget(heading);
+  layout->addLayout(top);
   layout->addWidget(list_, 1);
-  layout->addWidget(progress_);
 }
 
 std::vector<int32_t> FrmAllarmi::WatchedParameters() const {

@@ -4,6 +4,7 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QMargins>
 #include <QVBoxLayout>
 #include <iterator>
 
@@ -157,6 +158,9 @@ void FrmPagamento::AddGeneralTab() {
   auto* fields = new QWidget(tab);
   general_.Add(*fields, kGeneralRows);
   LayOutFields(general_, fields);
+  // In line with what stands in the frames above.
+  const QMargins frame = system_frame_->contentsMargins();
+  fields->setContentsMargins(frame.left(), 0, frame.right(), 0);
   layout->addWidget(fields);
   layout->addStretch();
 }
