@@ -1,7 +1,7 @@
 #include <QApplication>
 #include <QDateTime>
 #include <QLocale>
-#include <QStyleFactory>
+#include <QScreen>
 #include <QTimer>
 #include <filesystem>
 #include <memory>
@@ -16,6 +16,7 @@
 #include "platform/serial_port.h"
 #include "platform/start_program.h"
 #include "platform/usb_adapter.h"
+#include "shell/controls/program_style.h"
 #include "shell/crystal.h"
 #include "shell/main_frame.h"
 #include "shell/program_gate.h"
@@ -41,7 +42,10 @@ int main(int argc, char** argv) {
   QApplication app(argc, argv);
   // Not the display name: Qt would put that behind the title of every box.
   QApplication::setApplicationName("Sorvane");
-  QApplication::setStyle(QStyleFactory::create("Fusion"));
+  QApplication::setStyle(new ProgramStyle);
+  // Desktops that pale the menu of a window behind another pale its open entries below the closed
+  // ones, and a message box leaves the frame behind it.
+  QApplication::setPalette(QApplication::palette(), "QMenuBar");
   QApplication::setWindowIcon(ProgramIcon());
   // The program ends where its rules say so, not with a box that closes before the frame shows.
   QApplication::setQuitOnLastWindowClosed(false);
@@ -82,6 +86,8 @@ int main(int argc, char** argv) {
                    .find_usb_port = FindSystemUsbPort,
                    .start_program = [](const std::filesystem::path& path) { StartProgram(path); }});
   dialogs->SetFrame(&frame);
+  // In a large font the pages ask for more than a small screen has.
+  frame.resize(frame.size().boundedTo(frame.screen()->availableSize()));
 
   // Start-up may end the program, which only a running event loop can do.
   QTimer::singleShot(0, &frame, gate.Wrap([&] { frame.Load(); }));

@@ -33,6 +33,7 @@ Field::Field(Page& page, QWidget& parent, const FieldRow& row, int index, FieldS
     bar_->setObjectName(ControlName(row.bar, row.first + index));
     bar_->SetRange(row.minimum, row.maximum);
     bar_->SetLargeStep(row.large_step);
+    bar_->SetSpokenOffset(row.offset);
     if (row.start) bar_->SetPosition(*row.start);
     bar_->on_change = [this] { OnBarChange(); };
   }

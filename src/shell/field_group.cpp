@@ -9,11 +9,6 @@
 #include "shell/page.h"
 
 namespace sorvane {
-namespace {
-
-constexpr int kGapCharacters = 2;  // between two columns of fields
-
-}  // namespace
 
 void FieldGroup::Add(QWidget& parent, std::span<const FieldRow> rows) {
   for (const FieldRow& row : rows) {
@@ -48,20 +43,21 @@ void FieldGroup::Redraw() {
 }
 
 void FieldGroup::LayOut(QGridLayout& grid, const Place& place) {
-  const int character = page_.fontMetrics().averageCharWidth();
   for (int i = 0; i < Count(); ++i) {
     Field& field = At(i);
     const int row = place.row + i % place.rows_per_column;
     const int column = place.column + i / place.rows_per_column * kCellsPerColumn;
-    field.Box()->setFixedWidth(place.box_characters * character);
+    field.Box()->setFixedWidth(page_size::Pixels(place.box_characters, page_));
     if (field.Label() != nullptr) grid.addWidget(field.Label(), row, column);
     grid.addWidget(field.Box(), row, column + 1);
     if (field.GetBar() != nullptr) {
-      field.GetBar()->setMinimumWidth(place.bar_characters * character);
+      field.GetBar()->setMinimumWidth(page_size::Pixels(place.bar_characters, page_));
       grid.addWidget(field.GetBar(), row, column + 2);
     }
     grid.setColumnStretch(column + 2, 1);
-    if (column > 0) grid.setColumnMinimumWidth(column - 1, kGapCharacters * character);
+    if (column > 0) {
+      grid.setColumnMinimumWidth(column - 1, page_size::Pixels(page_size::kColumnGap, page_));
+    }
   }
 }
 

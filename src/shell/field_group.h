@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "shell/field.h"
+#include "shell/page_sizes.h"
 
 class QGridLayout;
 class QWidget;
@@ -43,8 +44,8 @@ class FieldGroup {
     int row = 0;
     int column = 0;
     int rows_per_column = 1;
-    int box_characters = 9;
-    int bar_characters = 30;  // the least width of a bar
+    int box_characters = page_size::kNumberBox;
+    int bar_characters = page_size::kLongBar;  // at least
   };
   void LayOut(QGridLayout& grid, const Place& place);
 

@@ -26,7 +26,9 @@ namespace {
 // The program that goes on where this one ends; it lies in the parent folder.
 constexpr const char* kSibling = "ARDENZA.EXE";
 
-constexpr QSize kFrameSize{1024, 720};
+// Room for the widest page, in heights of a line of text.
+constexpr double kFrameWidth = 73;
+constexpr double kFrameHeight = 51;
 
 // The index in an entry's name, such as 2 in "mnuCox(2)".
 int IndexIn(const QString& entry) { return entry.section('(', 1).section(')', 0, 0).toInt(); }
@@ -43,8 +45,9 @@ MainFrame::MainFrame(Outside outside)
   menu_ = std::make_unique<MainMenu>(*menuBar(), out_.gate);
   pages_ = std::make_unique<PageHost>(out_.gate, *area, *this);
   AddFrameKeys(out_.gate, *this, *area);
-  // Room for the widest page, and for the whole menu bar in a large font.
-  resize(kFrameSize.expandedTo({menuBar()->sizeHint().width(), 0}));
+  const int line = fontMetrics().height();
+  const QSize pages(qRound(kFrameWidth * line), qRound(kFrameHeight * line));
+  resize(pages.expandedTo({menuBar()->sizeHint().width(), 0}));
   statusBar()->setSizeGripEnabled(false);
   panels_ = std::make_unique<StatusPanels>(*statusBar());
 

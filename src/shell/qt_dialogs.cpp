@@ -49,13 +49,15 @@ bool IsInput(QEvent::Type type) {
 }
 
 // Makes a box wide enough for its title beside the icon and the controls of its window: a window
-// manager cuts a title that is wider than what it stands above.
-void MakeRoomForTitle(QMessageBox& box) {
+// manager cuts a title that is wider than what it stands above. A single line of text stands in the
+// middle of its icon.
+void SpreadOut(QMessageBox& box) {
   constexpr int kIconAndControls = 8;  // times the height of a line
   const QFontMetrics metrics = box.fontMetrics();
   const int width =
       metrics.horizontalAdvance(box.windowTitle()) + kIconAndControls * metrics.height();
   auto& grid = dynamic_cast<QGridLayout&>(*box.layout());
+  grid.setRowStretch(0, 1);
   grid.addItem(new QSpacerItem(width, 0), grid.rowCount(), 0, 1, grid.columnCount());
 }
 
@@ -105,7 +107,7 @@ QMessageBox* QtDialogs::Make(const MessageBox& box) {
   }
   // Desktops have pictures for some of the buttons only.
   for (QAbstractButton* button : shown->buttons()) button->setIcon({});
-  MakeRoomForTitle(*shown);
+  SpreadOut(*shown);
   return shown;
 }
 

@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QCoreApplication>
 #include <QEvent>
+#include <QFont>
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QLabel>
@@ -9,6 +11,7 @@
 #include <QMdiSubWindow>
 #include <QPushButton>
 #include <QStyle>
+#include <QStyleOptionTitleBar>
 #include <QTabBar>
 #include <filesystem>
 #include <fstream>
@@ -24,13 +27,24 @@
 #include "shell/program.h"
 
 // How the pages look in the shipped languages: the texts that stand on them are measured by the
-// program's own font. The whole runs once more at a scale of 200 %.
+// program's own font. The whole runs once more at 125, 150 and 200 %, and in large
+// letters.
 namespace sorvane::test {
 namespace {
 
+// The size of the program's letters in points, where the run asks for one.
+struct Letters {
+  Letters() {
+    QFont font = QApplication::font();
+    const int points = qEnvironmentVariableIntValue("SORVANE_LETTERS");
+    if (points > 0) font.setPointSize(points);
+    QApplication::setFont(font);
+  }
+};
+
 // The whole program in one of the shipped languages, over a board whose values are the widest that
 // their fields show.
-class Layout : public testing::TestWithParam<const char*> {
+class Layout : public Letters, public testing::TestWithParam<const char*> {
  protected:
   Layout()
       : program({.language_files = false,
@@ -52,6 +66,7 @@ class Layout : public testing::TestWithParam<const char*> {
     const std::string name = "ABCDEFGHIJKLMNOP";
     for (int k = 12; k <= 21; ++k) program.link.SetBoard(k, Bytes(name.begin(), name.end()));
     SetAll(1, 10, 10);
+    program.link.SetBoardNumber(1, 9);  // the last name
     program.link.SetBoardNumber(6, 255);
     program.link.SetBoardNumber(9, 16777215);
     program.link.SetBoardNumber(10, 65535);
@@ -142,6 +157,34 @@ bool HasRoomForItsTitle(const QGroupBox& frame) {
   return frame.fontMetrics().horizontalAdvance(frame.title()) <= frame.width();
 }
 
+// The name of a window stands between its icon and its buttons.
+bool HasRoomForItsName(const QMdiSubWindow& window) {
+  QStyleOptionTitleBar bar;
+  bar.initFrom(&window);
+  bar.titleBarFlags = window.windowFlags();
+  bar.subControls = QStyle::SC_All;
+  bar.rect.setHeight(window.style()->pixelMetric(QStyle::PM_TitleBarHeight, &bar, &window));
+  const QRect name =
+      window.style()->subControlRect(QStyle::CC_TitleBar, &bar, QStyle::SC_TitleBarLabel, &window);
+  return window.fontMetrics().horizontalAdvance(window.windowTitle()) <= name.width();
+}
+
+TEST_P(Layout, NoCaptionIsMissing) {
+  for (const PageEntry& page : kPageEntries) {
+    ForEachTab(page, [&](const ChildForm& form) {
+      EXPECT_FALSE(form.windowTitle().trimmed().isEmpty()) << page.form;
+      for (const QWidget* widget : Shown(form)) {
+        const QVariant text = widget->property("text");
+        EXPECT_TRUE(!text.isValid() || !text.toString().trimmed().isEmpty())
+            << page.form << " " << NameOf(*widget).toStdString();
+      }
+      for (const TabPages* tabs : form.findChildren<TabPages*>()) {
+        for (int tab = 0; tab < 3; ++tab) EXPECT_NE(tabs->Caption(tab), "") << page.form;
+      }
+    });
+  }
+}
+
 TEST_P(Layout, NothingIsCutOff) {
   for (const PageEntry& page : kPageEntries) {
     ForEachTab(page, [&](const ChildForm& form) {
@@ -152,6 +195,9 @@ TEST_P(Layout, NothingIsCutOff) {
         EXPECT_TRUE(form.rect().contains(PlaceOn(form, *widget)))
             << page.form << " " << NameOf(*widget).toStdString();
       }
+      const auto* window = qobject_cast<const QMdiSubWindow*>(form.parentWidget());
+      ASSERT_NE(window, nullptr);
+      EXPECT_TRUE(HasRoomForItsName(*window)) << page.form;
       for (const QGroupBox* frame : form.findChildren<QGroupBox*>()) {
         EXPECT_TRUE(!frame->isVisible() || HasRoomForItsTitle(*frame)) << page.form;
       }

@@ -3,10 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
-#include <QProxyStyle>
 #include <QPushButton>
 #include <QTest>
 #include <QVBoxLayout>
@@ -14,6 +14,7 @@
 #include <optional>
 
 #include "board/errors.h"
+#include "shell/controls/program_style.h"
 #include "shell/program_gate.h"
 
 namespace sorvane::test {
@@ -89,25 +90,32 @@ TEST_F(Boxes, ShowTextAsItStands) {
 }
 
 // A desktop on which the buttons of boxes have pictures.
-class PicturesOnButtons : public QProxyStyle {
+class PicturesOnButtons : public ProgramStyle {
  public:
-  PicturesOnButtons() : QProxyStyle("Fusion") {}
-
   int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                 QStyleHintReturn* more) const override {
     if (hint == SH_DialogButtonBox_ButtonsHaveIcons) return 1;
-    return QProxyStyle::styleHint(hint, option, widget, more);
+    return ProgramStyle::styleHint(hint, option, widget, more);
   }
 };
 
 TEST_F(Boxes, HaveButtonsOfWordsAlone) {
   QApplication::setStyle(new PicturesOnButtons);
   Show({"Text", "Title", 53});
-  QApplication::setStyle("Fusion");
+  QApplication::setStyle(new ProgramStyle);
   ASSERT_EQ(Standing()->buttons().size(), 2);
   for (const QAbstractButton* one : Standing()->buttons()) {
     EXPECT_TRUE(one->icon().isNull()) << one->text().toStdString();
   }
+}
+
+TEST_F(Boxes, HaveASingleLineInTheMiddleOfTheirIcon) {
+  Show({"No", "Title", 16});
+  const auto* icon = Standing()->findChild<QLabel*>("qt_msgboxex_icon_label");
+  const auto* text = Standing()->findChild<QLabel*>("qt_msgbox_label");
+  ASSERT_TRUE(icon != nullptr && text != nullptr);
+  EXPECT_TRUE(text->alignment().testFlag(Qt::AlignVCenter));
+  EXPECT_NEAR(text->geometry().center().y(), icon->geometry().center().y(), 4);
 }
 
 TEST_F(Boxes, HaveRoomForTheirTitleBesideIconAndControls) {

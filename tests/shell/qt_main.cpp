@@ -5,6 +5,8 @@
 #include <QtPlugin>
 #include <cstdio>
 
+#include "shell/controls/program_style.h"
+
 #ifdef Q_OS_WINDOWS
 Q_IMPORT_PLUGIN(QOffscreenIntegrationPlugin)  // a static Qt brings the desktop's platform only
 #endif
@@ -29,7 +31,7 @@ int main(int argc, char** argv) {
   qInstallMessageHandler(OnQtMessage);
   QApplication app(argc, argv);
   QApplication::setApplicationName("Sorvane");
-  QApplication::setStyle("Fusion");
+  QApplication::setStyle(new sorvane::ProgramStyle);
   QApplication::setQuitOnLastWindowClosed(false);
   testing::InitGoogleMock(&argc, argv);
   const int result = RUN_ALL_TESTS();

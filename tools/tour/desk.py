@@ -14,6 +14,9 @@ import offspring
 from wait import wait_for
 
 SCREEN = "1280x900x24"
+# Of a picture for a document.
+SMALL = ("-strip", "+dither", "-colors", "256", "-define", "png:compression-level=9")
+
 TOOLS = ("Xvfb", "openbox", "dbus-daemon", "xdotool", "xprop", "import")
 
 # Sanitized builds are told by these how to report.
@@ -24,7 +27,7 @@ class Desk:
     """Stands from its making to close(); one for each process, as the accessibility service of a
     process can't change. Raises RuntimeError if a tool is missing or a part doesn't start."""
 
-    def __init__(self):
+    def __init__(self, screen=SCREEN):
         missing = [tool for tool in TOOLS if shutil.which(tool) is None]
         if missing:
             raise RuntimeError(f"tools are missing: {', '.join(missing)}")
@@ -41,7 +44,7 @@ class Desk:
             "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1",
         }
         try:
-            self._start_display()
+            self._start_display(screen)
             self._start_bus()
             self._start_window_manager()
         except BaseException:
@@ -56,9 +59,9 @@ class Desk:
         return offspring.start(command, env=self.environment, stdin=subprocess.DEVNULL,
                                stderr=self._log, **options)
 
-    def _start_display(self):
+    def _start_display(self, screen):
         reader, writer = os.pipe()
-        self._start(["Xvfb", "-displayfd", str(writer), "-screen", "0", SCREEN,
+        self._start(["Xvfb", "-displayfd", str(writer), "-screen", "0", screen,
                      "-nolisten", "tcp"], pass_fds=[writer], stdout=self._log)
         os.close(writer)
         with open(reader, encoding="ascii") as numbers:
@@ -120,17 +123,23 @@ class Desk:
         edges = self._ask("xprop", "-id", self._front_window(), "_NET_FRAME_EXTENTS")
         return tuple(int(edge) for edge in edges.rsplit("=", 1)[1].split(","))
 
+    def take_front_window(self, path):
+        """Saves the window in front without its border as a PNG file in at most 256 colours."""
+        self._import("-window", self._front_window(), *SMALL, f"png8:{path}")
+
     def take_picture(self, path, area=None):
         """Saves what the screen shows as a PNG file: all of it, or an area of left, top, width and
         height in pixels, in at most 256 colours."""
-        options = ["-window", "root"]
         if area:
             left, top, width, height = area
-            options += ["-crop", f"{width}x{height}+{left}+{top}", "+repage", "-strip", "+dither",
-                        "-colors", "256", "-define", "png:compression-level=9"]
-            path = f"png8:{path}"
-        subprocess.run(["import", *options, str(path)], env=self.environment,
-                       stdin=subprocess.DEVNULL, stderr=self._log, check=True)
+            self._import("-window", "root", "-crop", f"{width}x{height}+{left}+{top}", "+repage",
+                         *SMALL, f"png8:{path}")
+        else:
+            self._import("-window", "root", str(path))
+
+    def _import(self, *arguments):
+        subprocess.run(["import", *arguments], env=self.environment, stdin=subprocess.DEVNULL,
+                       stderr=self._log, check=True)
 
     def close(self):
         """Ends everything that was started by this process."""

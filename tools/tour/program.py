@@ -125,7 +125,7 @@ class Program:
     def box(self):
         """Waits for a message box and returns what it says."""
         box = wait_for("message box", self.front_box)
-        return Box(self._desk.active_title(),
+        return Box(wait_for("title of the message box", self._desk.active_title),
                    "\n".join(label.name for label in box.all("label")),
                    tuple(button.name for button in box.all("push button")))
 

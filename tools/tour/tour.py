@@ -1,18 +1,20 @@
 #!/usr/bin/python3
-"""A guided tour: tour.py PROGRAM_FOLDER PICTURES_FOLDER [--manual]
+"""A guided tour: tour.py PROGRAM_FOLDER PICTURES_FOLDER [--manual | --look]
 
 Drives the program of a program folder by keys in a virtual display, against the simulated board of
 the same folder, and leaves a numbered picture and a line of words for each step. The program folder
 is copied first and stays as it is; the pictures folder is emptied.
 
-With --manual it takes the pictures of the manual instead, under the names that the manual uses.
+With --manual it takes the pictures of the manual instead, under the names that the manual uses;
+with --look those of docs/look.md.
 """
 
 import argparse
 import pathlib
 import shutil
 
-from desk import Desk
+import look_pictures
+from desk import SCREEN, Desk
 from manual_pictures import take_manual_pictures
 from visit import DISCOUNTS, LANGUAGES, PAGES, PAYMENT, Visit
 from wait import wait_for
@@ -149,16 +151,20 @@ def main():
     parser = argparse.ArgumentParser(description="A guided tour of the program.")
     parser.add_argument("built", type=pathlib.Path, help="program folder")
     parser.add_argument("pictures", type=pathlib.Path, help="folder for the pictures, emptied")
-    parser.add_argument("--manual", action="store_true", help="take the pictures of the manual")
+    kind = parser.add_mutually_exclusive_group()
+    kind.add_argument("--manual", action="store_true", help="take the pictures of the manual")
+    kind.add_argument("--look", action="store_true", help="take the pictures of docs/look.md")
     arguments = parser.parse_args()
     built = arguments.built.resolve(strict=True)
     pictures = arguments.pictures.resolve()
-    desk = Desk()
+    desk = Desk(look_pictures.SCREEN if arguments.look else SCREEN)
     try:
         shutil.rmtree(pictures, ignore_errors=True)
         pictures.mkdir(parents=True)
         if arguments.manual:
             take_manual_pictures(desk, built, pictures)
+        elif arguments.look:
+            look_pictures.take_look_pictures(desk, built, pictures)
         else:
             Tour(desk, built, pictures).run()
     finally:

@@ -6,11 +6,13 @@
 #include <QPainter>
 
 #include "board/reply.h"
+#include "shell/page_sizes.h"
 #include "shell/western_text.h"
 
 namespace sorvane {
 namespace {
 
+constexpr int kCells = 3;  // caption, value and the gap before the next caption
 constexpr const char* kWidest = " 4294967.295 ";  // what a box has room for
 
 // The bordered box of a value. It can be reached and copied by keys, and shows that it has them.
@@ -55,24 +57,31 @@ void AuditPage::AddGroup(QGridLayout& cells, const AuditGroup& group) {
     parent->setObjectName(ControlName("Frame1", group.frame));
   }
   auto* grid = new QGridLayout(parent);
-  grid->setColumnStretch(0, 1);
+  const int columns = group.across ? static_cast<int>(group.rows.size()) : 1;
   for (const AuditRow& row : group.rows) {
-    for (int i = 0; i < row.count; ++i) AddRow(*grid, *parent, row, i);
+    for (int i = 0; i < row.count; ++i) AddRow(*grid, *parent, row, i, columns);
   }
   grid->setRowStretch(grid->rowCount(), 1);
-  cells.addWidget(parent, group.row, group.column);
+  cells.addWidget(parent, group.row, group.column, 1, group.across ? -1 : 1);
 }
 
-void AuditPage::AddRow(QGridLayout& grid, QWidget& parent, const AuditRow& row, int i) {
+void AuditPage::AddRow(QGridLayout& grid, QWidget& parent, const AuditRow& row, int i,
+                       int columns) {
   QLabel* caption = AddLabel(ControlName(row.caption, row.caption_index + i), &parent);
   captions_.push_back({caption, row.message, row.number == 0 ? 0 : row.number + i});
   auto* value = new ValueBox(&parent);
   value->setObjectName(ControlName("Label1", row.value + i));
   caption->setBuddy(value);
   values_.insert(row.parameter + i, value);
-  const int line = grid.count() / 2;  // two cells a row
-  grid.addWidget(caption, line, 0);
-  grid.addWidget(value, line, 1);
+  const int place = grid.count() / 2;  // a caption and a value each
+  const int line = place / columns;
+  const int column = place % columns * kCells;
+  grid.setColumnStretch(column, 1);
+  if (column > 0) {
+    grid.setColumnMinimumWidth(column - 1, page_size::Pixels(page_size::kColumnGap, *this));
+  }
+  grid.addWidget(caption, line, column);
+  grid.addWidget(value, line, column + 1);
 }
 
 void AuditPage::LoadPageCaptions() {

@@ -29,6 +29,7 @@ struct AuditGroup {
   std::span<const AuditRow> rows;
   int row;
   int column;
+  bool across = false;  // side by side over the whole width of the page, instead of one by one
 };
 inline constexpr int kNoFrame = -1;
 
@@ -55,7 +56,8 @@ class AuditPage : public Page {
   };
 
   void AddGroup(QGridLayout& cells, const AuditGroup& group);
-  void AddRow(QGridLayout& grid, QWidget& parent, const AuditRow& row, int i);
+  // Adds a row's caption and value to the first free cells of a line of the grid.
+  void AddRow(QGridLayout& grid, QWidget& parent, const AuditRow& row, int i, int columns);
 
   int title_message_;
   std::vector<Caption> captions_;

@@ -19,7 +19,7 @@ constexpr AuditRow kMachine[] = {{"LabelMess1", 0, 68, 0, 30, parameter::kPowerO
                                  {"LabelMess1", 2, 70, 0, 32, parameter::kInterventions}};
 
 constexpr AuditGroup kGroups[] = {
-    {0, kVends, 0, 0}, {1, kBlocks, 0, 1}, {2, kFreeVends, 0, 2}, {3, kMachine, 1, 0}};
+    {0, kVends, 0, 0}, {1, kBlocks, 0, 1}, {2, kFreeVends, 0, 2}, {3, kMachine, 1, 0, true}};
 
 }  // namespace
 

@@ -9,6 +9,7 @@
 #include "board/parameter.h"
 #include "board/reply.h"
 #include "shell/controls/toggle.h"
+#include "shell/page_sizes.h"
 #include "shell/western_text.h"
 
 namespace sorvane {
@@ -20,7 +21,6 @@ constexpr int kNo = 18;
 constexpr int kFirstCaption = 21;
 
 constexpr int kSwitchRow = 9;
-constexpr int kNameCharacters = 24;  // room for the longest name of a language
 
 // A setting of the board's, with its bar, mirror and limits.
 constexpr FieldRow Setting(int i, int32_t parameter, int minimum, int maximum, FieldRow row) {
@@ -91,7 +91,8 @@ FrmImposta::FrmImposta(const PageServices& services)
 
 void FrmImposta::LayOut() {
   auto* grid = new QGridLayout(this);
-  fields_.LayOut(*grid, {.rows_per_column = fields_.Count(), .box_characters = kNameCharacters});
+  fields_.LayOut(*grid,
+                 {.rows_per_column = fields_.Count(), .box_characters = page_size::kNameBox});
   fields_.At(kLanguageField).Box()->setAlignment(Qt::AlignLeft);  // names come with blanks behind
   auto* ends = new QHBoxLayout;
   ends->addWidget(no_);

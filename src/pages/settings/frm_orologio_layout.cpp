@@ -12,6 +12,7 @@
 #include "shell/controls/slider.h"
 #include "shell/controls/tab_pages.h"
 #include "shell/guarded_connect.h"
+#include "shell/page_sizes.h"
 #include "shell/western_text.h"
 
 // What stands on the clock page, and its captions.
@@ -30,9 +31,6 @@ constexpr int kHours = 53;
 constexpr int kMinutes = 54;
 constexpr int kBandStart = 55;
 constexpr int kBandEnd = 56;
-
-constexpr int kBoxCharacters = 7;
-constexpr int kBarCharacters = 22;
 
 // The labels of the discount bands in the order of their times: start 1, end 1, start 2, end 2.
 // Behind these four come a label for the hours and one for the minutes of each.
@@ -69,8 +67,8 @@ void FrmOrologio::AddClockTab() {
   clock_.Add(*frame_, kClockRows);
   auto* fields = new QGridLayout(frame_);
   clock_.LayOut(*fields, {.rows_per_column = clock_.Count(),
-                          .box_characters = kBoxCharacters,
-                          .bar_characters = kBarCharacters});
+                          .box_characters = page_size::kTimeBox,
+                          .bar_characters = page_size::kBar});
   face_ = new ClockFace(tab);
   face_->setObjectName("iSevenSegmentClockX1");
   date_ = AddLabel("Label0", tab);
@@ -131,24 +129,26 @@ void FrmOrologio::AddOnOffTab() {
     grid->addWidget(on_off_labels_.at(time), time, 0);
     LayOutTime(*grid, time, on_off_, unit_labels_.at(time), unit_labels_.at(time + kOnOffTimes));
   }
-  grid->addWidget(switch_label_, kOnOffTimes, 0);
-  grid->addWidget(switch_, kOnOffTimes, 1, 1, 3, Qt::AlignLeft);
+  auto* switch_row = new QHBoxLayout;  // its long caption would widen a column of the grid
+  switch_row->addWidget(switch_label_);
+  switch_row->addWidget(switch_);
+  switch_row->addStretch();
   auto* layout = new QVBoxLayout(tab);
   layout->addLayout(grid);
+  layout->addLayout(switch_row);
   layout->addStretch();
 }
 
 void FrmOrologio::LayOutTime(QGridLayout& grid, int row, FieldGroup& times, QLabel* hours,
                              QLabel* minutes) {
-  const int character = fontMetrics().averageCharWidth();
   int column = 1;
   int i = 2 * row;
   for (QLabel* unit : {hours, minutes}) {
     Field& field = times.At(i++);
     unit->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     unit->setBuddy(field.Box());
-    field.Box()->setFixedWidth(kBoxCharacters * character);
-    field.GetBar()->setMinimumWidth(kBarCharacters * character);
+    field.Box()->setFixedWidth(page_size::Pixels(page_size::kTimeBox, *this));
+    field.GetBar()->setMinimumWidth(page_size::Pixels(page_size::kBar, *this));
     grid.addWidget(unit, row, column++);
     grid.addWidget(field.Box(), row, column++);
     grid.addWidget(field.GetBar(), row, column);

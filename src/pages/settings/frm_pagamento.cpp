@@ -17,6 +17,7 @@
 #include "shell/controls/focus_keeper.h"
 #include "shell/controls/slider.h"
 #include "shell/controls/tab_pages.h"
+#include "shell/page_sizes.h"
 #include "shell/western_text.h"
 
 namespace sorvane {
@@ -35,9 +36,6 @@ constexpr int kMdbTabs = 3;
 
 constexpr int kDecimalPointField = 1;
 constexpr int kSaleModeField = 3;
-
-constexpr int kBoxCharacters = 11;
-constexpr int kBarCharacters = 16;
 
 constexpr const char* kSystems = "Validatore, Executive, MDB";
 constexpr const char* kSaleModes[] = {"Multipla", "Temp.", "Singola"};
@@ -137,8 +135,8 @@ QLabel* FrmPagamento::AddHead(int index, const char* text, QWidget* parent) {
 void FrmPagamento::LayOutFields(FieldGroup& fields, QWidget* frame) {
   auto* grid = new QGridLayout(frame);
   fields.LayOut(*grid, {.rows_per_column = fields.Count(),
-                        .box_characters = kBoxCharacters,
-                        .bar_characters = kBarCharacters});
+                        .box_characters = page_size::kWordBox,
+                        .bar_characters = page_size::kShortBar});
 }
 
 void FrmPagamento::AddGeneralTab() {

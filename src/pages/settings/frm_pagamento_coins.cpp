@@ -55,6 +55,7 @@ void FrmPagamento::AddCoinsTab() {
   auto* fields = new QWidget(tab);
   coins_.Add(*fields, kCoinRows);
   LayOutFields(coins_, fields);
+  fields->layout()->setContentsMargins({});  // the tab has room around it
   auto* layout = new QVBoxLayout(tab);
   layout->addWidget(fields);
   layout->addStretch();

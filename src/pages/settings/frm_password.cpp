@@ -12,6 +12,7 @@
 #include "board/reply.h"
 #include "shell/controls/entry_box.h"
 #include "shell/controls/toggle.h"
+#include "shell/page_sizes.h"
 #include "shell/western_text.h"
 
 namespace sorvane {
@@ -21,7 +22,6 @@ constexpr int kFirstCaption = 17;  // message
 constexpr const char* kTitle = "Password";
 constexpr double kHalfASecond = 0.5;
 constexpr std::chrono::milliseconds kTick{20};
-constexpr int kDigitCharacters = 4;  // width of a field
 
 }  // namespace
 
@@ -53,7 +53,7 @@ void FrmPassword::AddDigits() {
     box->setAccessibleName(QString("%1 %2").arg(kTitle).arg(i + 1));
     box->SetCharacterLimit(1);
     box->setAlignment(Qt::AlignCenter);
-    box->setFixedWidth(kDigitCharacters * fontMetrics().averageCharWidth());
+    box->setFixedWidth(page_size::Pixels(page_size::kDigitBox, *this));
     box->on_enter = [this, i] { OnEnter(i); };
     digits_.at(static_cast<std::size_t>(i)) = box;
   }

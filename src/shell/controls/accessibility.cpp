@@ -32,15 +32,19 @@ class BarInterface final : public Valued {
  public:
   explicit BarInterface(Bar* bar) : Valued(bar), bar_(*bar) {}
 
-  QVariant currentValue() const override { return bar_.Position(); }
-  QVariant minimumValue() const override { return bar_.Minimum(); }
-  QVariant maximumValue() const override { return bar_.Maximum(); }
-  void setCurrentValue(const QVariant& value) override { bar_.MoveByUser(value.toInt()); }
+  QVariant currentValue() const override { return Spoken(bar_.Position()); }
+  QVariant minimumValue() const override { return Spoken(bar_.Minimum()); }
+  QVariant maximumValue() const override { return Spoken(bar_.Maximum()); }
+  void setCurrentValue(const QVariant& value) override {
+    bar_.MoveByUser(value.toInt() - bar_.SpokenOffset());
+  }
   QString text(QAccessible::Text kind) const override {
-    return kind == QAccessible::Value ? QString::number(bar_.Position()) : Valued::text(kind);
+    return kind == QAccessible::Value ? currentValue().toString() : Valued::text(kind);
   }
 
  private:
+  int Spoken(int position) const { return position + bar_.SpokenOffset(); }
+
   Bar& bar_;
 };
 

@@ -49,7 +49,7 @@ void Bar::SetPosition(int position) {
   if (position == position_) return;
   position_ = position;
   update();
-  TellValueChange(*this, position);
+  TellValueChange(*this, position + spoken_offset_);
   if (on_change) on_change();
 }
 

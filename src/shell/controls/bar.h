@@ -39,6 +39,10 @@ class Bar : public PaintedControl {
   // Throws RuntimeError kInvalidPropertyValue below 1 or above 32767.
   void SetLargeStep(int step);
 
+  // What is added to positions where they are spoken: the number that one stands for.
+  void SetSpokenOffset(int offset) { spoken_offset_ = offset; }
+  int SpokenOffset() const { return spoken_offset_; }
+
   int Position() const { return position_; }
 
   // Throws RuntimeError kInvalidPropertyValue outside the range, the position left as it is.
@@ -81,6 +85,7 @@ class Bar : public PaintedControl {
   int minimum_ = 0;
   int maximum_ = 32767;
   int large_step_ = 1;
+  int spoken_offset_ = 0;
   int position_ = 0;
 
   Part pressed_ = Part::kNone;

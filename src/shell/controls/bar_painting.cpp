@@ -18,9 +18,8 @@ Bar::Layout Bar::LayOut(int shown) const {
   const qreal button = std::floor(std::min(area.height(), area.width() / 4));
   const qreal room = area.width() - 2 * button;
   const int span = maximum_ - minimum_;
-  // The thumb is to the trough as the large step to all that the bar spans, but can always be held.
-  const qreal share = static_cast<qreal>(large_step_) / (span + large_step_);
-  const qreal thumb = std::round(std::clamp(room * share, std::min(button, room / 2), room / 2));
+  // One size on every bar: it tells the value, not how much of a range is in view.
+  const qreal thumb = std::round(std::min(button, room / 2));
   const qreal offset = span == 0 ? 0 : std::round((room - thumb) * (shown - minimum_) / span);
 
   Layout layout;

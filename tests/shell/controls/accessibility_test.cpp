@@ -41,6 +41,21 @@ TEST_F(AccessibilityTest, BarIsASliderWithAValue) {
   EXPECT_EQ(bar.Position(), 31);
 }
 
+TEST_F(AccessibilityTest, BarSaysTheNumbersThatItsPositionsStandFor) {
+  Bar bar(gate, nullptr);
+  bar.SetRange(-32768, 32767);
+  bar.SetSpokenOffset(32768);
+  bar.SetPosition(-32618);
+  QAccessibleInterface& interface = Of(bar);
+  EXPECT_EQ(interface.text(QAccessible::Value), "150");
+  QAccessibleValueInterface* value = interface.valueInterface();
+  EXPECT_EQ(value->currentValue(), 150);
+  EXPECT_EQ(value->minimumValue(), 0);
+  EXPECT_EQ(value->maximumValue(), 65535);
+  value->setCurrentValue(200);
+  EXPECT_EQ(bar.Position(), -32568);
+}
+
 TEST_F(AccessibilityTest, ValueThatIsSetFromOutsideIsAnEventOfTheUser) {
   Bar bar(gate, nullptr);
   bar.on_change = [] { throw RuntimeError(ErrorCode::kOverflow); };

@@ -138,6 +138,28 @@ TEST_F(BarMouseTest, ThumbStaysUnderTheMouse) {
   EXPECT_FALSE(TimerGoesOff());  // on the trough it would repeat
 }
 
+TEST_F(BarMouseTest, ThumbIsAsWideOnEveryRange) {
+  std::vector<int> widths;
+  for (const int last : {3, 100, 32767}) {
+    bar->SetRange(0, last);
+    bar->SetPosition(0);
+    // From the start button on, the thumb takes the mouse without repeating.
+    int width = 0;
+    for (int x = bar->height(); x < bar->width(); ++x) {
+      Press(At(x));
+      const bool on_thumb = !TimerGoesOff();
+      Release(At(x));
+      bar->SetPosition(0);
+      if (!on_thumb && width > 0) break;
+      width += on_thumb ? 1 : 0;
+    }
+    widths.push_back(width);
+  }
+  EXPECT_GT(widths[0], bar->height() / 2);
+  EXPECT_LT(widths[0], 2 * bar->height());
+  EXPECT_EQ(widths, std::vector<int>(3, widths[0]));
+}
+
 TEST_F(BarMouseTest, ThumbThatIsTakenAndPutBackChangesNothing) {
   bar->SetRange(-32768, 32767);
   bar->SetPosition(3);
@@ -240,7 +262,7 @@ TEST_F(BarMouseTest, RangeOfOneValueTakesClicksWithoutChange) {
   EXPECT_TRUE(changes.empty());
   EXPECT_EQ(bar->Position(), 7);
   // The thumb stands behind the start button and is held there, so that nothing repeats.
-  Press(At(2 * bar->height()));
+  Press(At(3 * bar->height() / 2));
   EXPECT_FALSE(TimerGoesOff());
 }
 

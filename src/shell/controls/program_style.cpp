@@ -1,0 +1,143 @@
+#include "shell/controls/program_style.h"
+
+#include <QApplication>
+#include <QFontMetrics>
+#include <QLineF>
+#include <QPainter>
+#include <QPalette>
+#include <QPen>
+#include <QStyleOption>
+#include <QWidget>
+#include <algorithm>
+#include <vector>
+
+#include "shell/controls/painted_control.h"
+
+namespace sorvane {
+namespace {
+
+// In heights of a line of text.
+constexpr double kMargin = 0.6;      // between the edge of a page or frame and what stands on it
+constexpr double kAcross = 0.5;      // between two controls side by side
+constexpr double kDown = 0.4;        // between two rows
+constexpr double kFrameTitle = 1.2;  // what stands above a frame
+constexpr double kTitleBar = 1.6;    // of a child window
+
+constexpr double kFrameInk = 0.2;  // share of the text's colour in a frame's
+
+int Lines(double lines, const QWidget* widget) {
+  const QFontMetrics metrics(widget == nullptr ? QApplication::font() : widget->font());
+  return qRound(lines * metrics.height());
+}
+
+// A button of a child window's bar and the strokes of its sign, in a square from -1 to 1.
+struct TitleButton {
+  QStyle::SubControl part;
+  std::vector<QLineF> sign;
+};
+
+const std::vector<TitleButton> kTitleButtons = {
+    {QStyle::SC_TitleBarMinButton, {{-1, 0.8, 1, 0.8}}},
+    {QStyle::SC_TitleBarNormalButton,
+     {{-1, -1, 1, -1}, {1, -1, 1, 1}, {1, 1, -1, 1}, {-1, 1, -1, -1}}},
+    {QStyle::SC_TitleBarCloseButton, {{-1, -1, 1, 1}, {-1, 1, 1, -1}}}};
+
+constexpr double kSign = 0.22;  // half of a sign's width, in heights of its button
+
+void DrawTitleButton(QPainter& painter, const QStyleOptionTitleBar& bar, const TitleButton& button,
+                     const QRectF& place) {
+  const bool active = (bar.titleBarState & QStyle::State_Active) != 0;
+  const QColor ink = bar.palette.color(active ? QPalette::HighlightedText : QPalette::WindowText);
+  const QColor ground = bar.palette.color(active ? QPalette::Highlight : QPalette::Window);
+  if ((bar.activeSubControls & button.part) != 0) {
+    const bool held = (bar.state & QStyle::State_Sunken) != 0;
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Mix(ground, ink, held ? 0.4 : 0.2));
+    painter.drawRoundedRect(place, place.height() / 6, place.height() / 6);
+  }
+  const double size = kSign * place.height();
+  painter.setPen(QPen(ink, std::max(1.5, place.height() / 10), Qt::SolidLine, Qt::RoundCap));
+  for (const QLineF& stroke : button.sign) {
+    painter.drawLine(place.center() + stroke.p1() * size, place.center() + stroke.p2() * size);
+  }
+}
+
+}  // namespace
+
+ProgramStyle::ProgramStyle() : QProxyStyle("Fusion") {}
+
+int ProgramStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
+                              const QWidget* widget) const {
+  switch (metric) {
+    case PM_LayoutLeftMargin:
+    case PM_LayoutTopMargin:
+    case PM_LayoutRightMargin:
+    case PM_LayoutBottomMargin:
+      return Lines(kMargin, widget);
+    case PM_LayoutHorizontalSpacing:
+      return Lines(kAcross, widget);
+    case PM_LayoutVerticalSpacing:
+      return Lines(kDown, widget);
+    case PM_TitleBarHeight:
+      return Lines(kTitleBar, widget);
+    default:
+      return QProxyStyle::pixelMetric(metric, option, widget);
+  }
+}
+
+void ProgramStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
+                                 QPainter* painter, const QWidget* widget) const {
+  if (element != PE_FrameGroupBox) {
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
+    return;
+  }
+  const QPalette& palette = option->palette;
+  painter->setPen(
+      Mix(palette.color(QPalette::Window), palette.color(QPalette::WindowText), kFrameInk));
+  painter->setBrush(Qt::NoBrush);
+  painter->drawRect(HairlineRect(option->rect));
+}
+
+void ProgramStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                                      QPainter* painter, const QWidget* widget) const {
+  const auto* bar = qstyleoption_cast<const QStyleOptionTitleBar*>(option);
+  if (control != CC_TitleBar || bar == nullptr) {
+    QProxyStyle::drawComplexControl(control, option, painter, widget);
+    return;
+  }
+  QStyleOptionTitleBar bare(*bar);
+  for (const TitleButton& button : kTitleButtons) bare.subControls &= ~button.part;
+  QProxyStyle::drawComplexControl(control, &bare, painter, widget);
+  painter->save();
+  painter->setRenderHint(QPainter::Antialiasing);
+  for (const TitleButton& button : kTitleButtons) {
+    const QRectF place = subControlRect(control, bar, button.part, widget);
+    if ((bar->subControls & button.part) == 0 || place.isEmpty()) continue;
+    DrawTitleButton(*painter, *bar, button, place);
+  }
+  painter->restore();
+}
+
+QRect ProgramStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option,
+                                   SubControl part, const QWidget* widget) const {
+  const auto* frame = qstyleoption_cast<const QStyleOptionGroupBox*>(option);
+  if (control != CC_GroupBox || frame == nullptr) {
+    return QProxyStyle::subControlRect(control, option, part, widget);
+  }
+  const int title = frame->text.isEmpty() ? 0 : Lines(kFrameTitle, widget);
+  const int line = pixelMetric(PM_DefaultFrameWidth, option, widget);
+  QRect place = option->rect;
+  switch (part) {
+    case SC_GroupBoxFrame:
+      return place.adjusted(0, title, 0, 0);
+    case SC_GroupBoxContents:
+      return place.adjusted(line, title + line, -line, -line);
+    case SC_GroupBoxLabel:
+      place.setHeight(title);
+      return place;
+    default:
+      return {};
+  }
+}
+
+}  // namespace sorvane

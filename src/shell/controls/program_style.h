@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QProxyStyle>
+
+namespace sorvane {
+
+// The one style of the program, on every desktop: Qt's Fusion, with the room between things taken
+// from the font instead of from pixels, so that pages keep their shape at every size of letters.
+class ProgramStyle : public QProxyStyle {
+  Q_OBJECT
+
+ public:
+  ProgramStyle();
+
+  int pixelMetric(PixelMetric metric, const QStyleOption* option,
+                  const QWidget* widget) const override;
+
+  // A hairline around what belongs together, seen on light and dark alike.
+  void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override;
+
+  // The buttons of a child window, in the size of its bar.
+  void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                          QPainter* painter, const QWidget* widget) const override;
+
+  // The title of a frame stands above it; a frame without one keeps no room for it.
+  QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
+                       const QWidget* widget) const override;
+};
+
+}  // namespace sorvane

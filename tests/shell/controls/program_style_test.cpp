@@ -1,0 +1,149 @@
+#include "shell/controls/program_style.h"
+
+#include <gtest/gtest.h>
+
+#include <QFontMetrics>
+#include <QGroupBox>
+#include <QImage>
+#include <QPainter>
+#include <QStyleOption>
+#include <QWidget>
+
+namespace sorvane {
+namespace {
+
+struct ProgramStyleTest : testing::Test {
+  ProgramStyle style;
+
+  static void SetLetters(QWidget& widget, double points) {
+    QFont font = widget.font();
+    font.setPointSizeF(points);
+    widget.setFont(font);
+  }
+};
+
+TEST_F(ProgramStyleTest, RoomBetweenThingsFollowsTheLetters) {
+  QWidget small;
+  QWidget large;
+  SetLetters(small, 9);
+  SetLetters(large, 18);
+  const double ratio =
+      static_cast<double>(large.fontMetrics().height()) / small.fontMetrics().height();
+  for (const QStyle::PixelMetric metric :
+       {QStyle::PM_LayoutLeftMargin, QStyle::PM_LayoutTopMargin, QStyle::PM_LayoutRightMargin,
+        QStyle::PM_LayoutBottomMargin, QStyle::PM_LayoutHorizontalSpacing,
+        QStyle::PM_LayoutVerticalSpacing, QStyle::PM_TitleBarHeight}) {
+    const int before = style.pixelMetric(metric, nullptr, &small);
+    EXPECT_GT(before, 2) << metric;
+    EXPECT_NEAR(style.pixelMetric(metric, nullptr, &large), ratio * before, ratio) << metric;
+  }
+}
+
+QStyleOptionGroupBox Frame(const QString& title) {
+  QStyleOptionGroupBox option;
+  option.rect = QRect(0, 0, 200, 100);
+  option.text = title;
+  return option;
+}
+
+TEST_F(ProgramStyleTest, TitleStandsAboveItsFrame) {
+  const QStyleOptionGroupBox option = Frame("Title");
+  const QRect frame =
+      style.subControlRect(QStyle::CC_GroupBox, &option, QStyle::SC_GroupBoxFrame, nullptr);
+  const QRect title =
+      style.subControlRect(QStyle::CC_GroupBox, &option, QStyle::SC_GroupBoxLabel, nullptr);
+  const QRect contents =
+      style.subControlRect(QStyle::CC_GroupBox, &option, QStyle::SC_GroupBoxContents, nullptr);
+  EXPECT_GE(title.height(), QFontMetrics(QFont()).height());
+  EXPECT_EQ(frame.top(), title.bottom() + 1);
+  EXPECT_TRUE(frame.contains(contents, true));
+}
+
+TEST_F(ProgramStyleTest, FrameWithoutATitleKeepsNoRoomForOne) {
+  const QStyleOptionGroupBox option = Frame("");
+  EXPECT_EQ(style.subControlRect(QStyle::CC_GroupBox, &option, QStyle::SC_GroupBoxFrame, nullptr),
+            option.rect);
+}
+
+TEST_F(ProgramStyleTest, FrameIsSeenOnLightAndDark) {
+  for (const auto& [ground, text] : {std::pair{QColor(239, 239, 239), QColor(0, 0, 0)},
+                                     std::pair{QColor(49, 54, 59), QColor(239, 240, 241)}}) {
+    QStyleOptionFrame option;
+    option.rect = QRect(0, 0, 40, 20);
+    option.palette.setColor(QPalette::Window, ground);
+    option.palette.setColor(QPalette::WindowText, text);
+    QImage picture(40, 20, QImage::Format_RGB32);
+    picture.fill(ground);
+    QPainter painter(&picture);
+    style.drawPrimitive(QStyle::PE_FrameGroupBox, &option, &painter, nullptr);
+    for (const QPoint& edge : {QPoint(0, 10), QPoint(39, 10), QPoint(20, 0), QPoint(20, 19)}) {
+      EXPECT_GT(std::abs(picture.pixelColor(edge).lightness() - ground.lightness()), 25)
+          << ground.name().toStdString();
+    }
+    EXPECT_EQ(picture.pixelColor(20, 10), ground);
+  }
+}
+
+// The bar of a child window in letters of a size.
+struct TitleBar {
+  QWidget window;
+  QStyleOptionTitleBar option;
+
+  TitleBar(const ProgramStyle& style, double points) {
+    ProgramStyleTest::SetLetters(window, points);
+    option.rect = QRect(0, 0, 400, style.pixelMetric(QStyle::PM_TitleBarHeight, nullptr, &window));
+    option.titleBarFlags = Qt::SubWindow | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                           Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint;
+    option.titleBarState = static_cast<int>(QStyle::State_Active);
+    option.subControls = QStyle::SC_All;
+  }
+
+  QRect Place(const ProgramStyle& style, QStyle::SubControl part) const {
+    return style.subControlRect(QStyle::CC_TitleBar, &option, part, &window);
+  }
+
+  QImage Picture(const ProgramStyle& style, QStyle::SubControl part) const {
+    QImage picture(option.rect.size(), QImage::Format_RGB32);
+    picture.fill(Qt::black);  // beyond the round corners
+    QPainter painter(&picture);
+    style.drawComplexControl(QStyle::CC_TitleBar, &option, &painter, &window);
+    return picture.copy(Place(style, part));
+  }
+};
+
+// The share of a button's width over which there is ink in a row or another.
+double InkWidth(const QImage& button) {
+  int first = button.width();
+  int last = -1;
+  for (int y = 0; y < button.height(); ++y) {
+    for (int x = 0; x < button.width(); ++x) {
+      if (button.pixelColor(x, y).lightness() < 220) continue;
+      first = std::min(first, x);
+      last = std::max(last, x);
+    }
+  }
+  return static_cast<double>(last - first + 1) / button.width();
+}
+
+TEST_F(ProgramStyleTest, SignsOfAWindowsButtonsGrowWithItsBar) {
+  for (const QStyle::SubControl part :
+       {QStyle::SC_TitleBarMinButton, QStyle::SC_TitleBarCloseButton}) {
+    for (const double points : {9.0, 18.0, 27.0}) {
+      const TitleBar bar(style, points);
+      EXPECT_NEAR(InkWidth(bar.Picture(style, part)), 0.5, 0.12) << part << " " << points;
+    }
+  }
+}
+
+TEST_F(ProgramStyleTest, ButtonOfAWindowThatIsHeldLooksHeld) {
+  TitleBar bar(style, 9);
+  const QImage at_rest = bar.Picture(style, QStyle::SC_TitleBarCloseButton);
+  bar.option.activeSubControls = QStyle::SC_TitleBarCloseButton;
+  const QImage under_mouse = bar.Picture(style, QStyle::SC_TitleBarCloseButton);
+  bar.option.state |= QStyle::State_Sunken;
+  EXPECT_NE(under_mouse, at_rest);
+  EXPECT_NE(bar.Picture(style, QStyle::SC_TitleBarCloseButton), under_mouse);
+}
+
+}  // namespace
+}  // namespace sorvane
