@@ -18,7 +18,7 @@ RAW_CONNECT = re.compile(r"\bconnect\s*\(|\bconnectSlotsByName\b|\bSLOT\s*\(")
 MAY_CONNECT = {"src/shell/guarded_connect.h", "src/platform/serial_port_linux.cpp",
                "src/platform/serial_port_windows.cpp"}
 
-UMBRELLA = re.compile(r"#include\s*<Qt(Core|Gui|Widgets|SerialPort|Test)>")
+UMBRELLA = re.compile(r"#include\s*<Qt(Core|Gui|Widgets|Test)>")
 SKIPPED = re.compile(r"\bGTEST_SKIP\b|\bDISABLED_|\bQSKIP\b|\bQEXPECT_FAIL\b")
 BANNER = re.compile(r"^//\s*(={4,}|-{4,}|\*{4,}|#{4,})")
 PAGE_INCLUDE = re.compile(r'#include "(link/|pages/(?!frm_info|program_pages|.*/)|platform/)')

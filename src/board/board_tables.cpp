@@ -31,6 +31,11 @@ SystemRecord& BoardTables::SystemTable(int32_t index, int board) {
   return systems_[Place(index, board, kSystemPlaces)];
 }
 
+std::span<const ParameterRecord> BoardTables::Records(int board) const {
+  CheckBoard(board);
+  return parameters_;
+}
+
 int16_t& BoardTables::RecordCount(int board) {
   CheckBoard(board);
   return record_count_;

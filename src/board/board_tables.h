@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <vector>
 
 #include "board/record.h"
@@ -20,6 +21,9 @@ class BoardTables {
   ParameterRecord& ParameterTable(int32_t index, int board);
   const ParameterRecord& ParameterTable(int32_t index, int board) const;
   SystemRecord& SystemTable(int32_t index, int board);
+
+  // All places of the parameter table, index 0 first. Bounds of board as above.
+  std::span<const ParameterRecord> Records(int board) const;
 
   // Records in the table that was loaded last: the system table first, then the parameter table.
   // Throws RuntimeError kSubscriptOutOfRange for a board other than 0.

@@ -1,6 +1,7 @@
 #include "link/sweep.h"
 
 #include <algorithm>
+#include <span>
 
 #include "board/errors.h"
 
@@ -12,23 +13,38 @@ constexpr uint8_t kOnePass = 16;
 constexpr uint8_t kReload = 17;  // times a digit: the digit in both nibbles
 constexpr uint8_t kWriteCommand = 128;
 
+bool IsPolled(const ParameterRecord& record) {
+  return (record.At(position::kFlags) & flag::kPolled) != 0;
+}
+
+// Counts a pass. Returns whether the record has waited for its passes; then they begin anew.
+bool IsDue(ParameterRecord& record) {
+  uint8_t& divider = record.At(position::kDivider);
+  const bool due = (divider & kPassesToWait) == 0;
+  divider = static_cast<uint8_t>(due ? divider * kReload : divider - kOnePass);
+  return due;
+}
+
 }  // namespace
 
 void Sweep::SweepStep() {
   do {
     ParameterRecord& record = tables_.ParameterTable(state_.SweepPosition, tables_.BoardIndex);
-    if ((record.At(position::kFlags) & flag::kPolled) == 0) continue;
-    uint8_t& divider = record.At(position::kDivider);
-    if ((divider & kPassesToWait) != 0) {
-      divider = static_cast<uint8_t>(divider - kOnePass);
-      continue;
+    if (IsPolled(record) && IsDue(record)) {
+      Send(record);
+      return;
     }
-    divider = static_cast<uint8_t>(divider * kReload);
-    Send(record);
-    return;
-  } while (++state_.SweepPosition < tables_.RecordCount(tables_.BoardIndex));
+    state_.SweepPosition = NextPolled(state_.SweepPosition + 1);
+  } while (state_.SweepPosition < tables_.RecordCount(tables_.BoardIndex));
   state_.SweepPosition = 0;
   tables_.BoardIndex = 0;
+}
+
+int32_t Sweep::NextPolled(int32_t position) const {
+  const std::span<const ParameterRecord> records = tables_.Records(tables_.BoardIndex);
+  const int32_t end = std::max<int32_t>(position, tables_.RecordCount(tables_.BoardIndex));
+  const auto next = std::find_if(records.begin() + position, records.begin() + end, IsPolled);
+  return static_cast<int32_t>(next - records.begin());
 }
 
 void Sweep::Send(ParameterRecord& record) {

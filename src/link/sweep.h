@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 
 #include "board/board_tables.h"
@@ -29,6 +30,10 @@ class Sweep {
   void StoreReply();
 
  private:
+  // The first record from position on that is polled, in one quick walk; RecordCount, or position
+  // if that is more, where there is none.
+  int32_t NextPolled(int32_t position) const;
+
   // Fills the exchange values from the record and sends it.
   void Send(ParameterRecord& record);
   bool StoreInRecord(ParameterRecord& record) const;

@@ -4,9 +4,11 @@
 #include <termios.h>
 #include <unistd.h>
 
-#include <QFileInfo>
 #include <QObject>
-#include <QSerialPort>
+#include <QSocketNotifier>
+#include <array>
+#include <cerrno>
+#include <utility>
 
 #include "board/errors.h"
 #include "platform/com_port_path.h"
@@ -15,74 +17,111 @@
 namespace sorvane {
 namespace {
 
-// Keeps a device for this program alone. The exclusive mode that a serial port is opened in isn't
-// enough: it doesn't hold off a privileged user. The lock ends with the program, however it ends.
-class DeviceLock {
+// A device that is open for this program alone. The lock ends with the program, however it ends;
+// the exclusive mode of a terminal, which others use, wouldn't hold off a privileged user.
+class DeviceFile {
  public:
   // Throws RuntimeError kPort for a device that is missing or held.
-  explicit DeviceLock(const std::filesystem::path& device)
-      : descriptor_(open(device.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC)) {
+  explicit DeviceFile(const std::filesystem::path& device)
+      : number_(open(device.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC)) {
     int exclusive = 0;
-    const bool taken = descriptor_ >= 0 && flock(descriptor_, LOCK_EX | LOCK_NB) == 0 &&
-                       ioctl(descriptor_, TIOCGEXCL, &exclusive) == 0 && exclusive == 0;
+    const bool taken = number_ >= 0 && flock(number_, LOCK_EX | LOCK_NB) == 0 &&
+                       ioctl(number_, TIOCGEXCL, &exclusive) == 0 && exclusive == 0;
     if (taken) return;
-    if (descriptor_ >= 0) close(descriptor_);
+    if (number_ >= 0) close(number_);
     throw RuntimeError(ErrorCode::kPort);
   }
-  ~DeviceLock() { close(descriptor_); }
+  ~DeviceFile() { close(number_); }
 
-  DeviceLock(const DeviceLock&) = delete;
-  DeviceLock& operator=(const DeviceLock&) = delete;
+  DeviceFile(const DeviceFile&) = delete;
+  DeviceFile& operator=(const DeviceFile&) = delete;
+
+  int Number() const { return number_; }
 
  private:
-  int descriptor_;
+  int number_;
 };
+
+// 19200 baud, no parity, 8 data bits, 1 stop bit, no handshake, and every byte as it comes; a byte
+// with a line error is left out. Opening has raised both lines to the board.
+bool SetLine(int device) {
+  termios line{};
+  if (tcgetattr(device, &line) != 0) return false;
+  cfmakeraw(&line);
+  line.c_iflag = IGNPAR;
+  line.c_cflag &= ~static_cast<tcflag_t>(CSTOPB | CRTSCTS);
+  line.c_cflag |= CLOCAL | CREAD;
+  line.c_cc[VMIN] = 1;
+  line.c_cc[VTIME] = 0;
+  cfsetspeed(&line, B19200);
+  return tcsetattr(device, TCSANOW, &line) == 0;
+}
+
+bool WouldWait() { return errno == EAGAIN || errno == EINTR; }
 
 class LinuxSerialDevice : public SerialDevice {
  public:
-  explicit LinuxSerialDevice(const std::filesystem::path& device) : lock_(device) {
-    serial_.setPortName(QFileInfo(device).filePath());
-    serial_.setBaudRate(QSerialPort::Baud19200);
-    serial_.setDataBits(QSerialPort::Data8);
-    serial_.setParity(QSerialPort::NoParity);
-    serial_.setStopBits(QSerialPort::OneStop);
-    serial_.setFlowControl(QSerialPort::NoFlowControl);
-    if (!serial_.open(QIODevice::ReadWrite)) throw RuntimeError(ErrorCode::kPort);
+  explicit LinuxSerialDevice(const std::filesystem::path& device) : file_(device) {
+    if (!SetLine(file_.Number())) throw RuntimeError(ErrorCode::kPort);
     // A pseudo-terminal would stay in exclusive mode after a program that was killed, and turn the
     // next one away.
-    if (device.parent_path() == "/dev/pts") ioctl(serial_.handle(), TIOCNXCL);
-    serial_.clear();
-    QObject::connect(&serial_, &QSerialPort::readyRead, &context_, [this] { on_bytes(); });
-    QObject::connect(&serial_, &QSerialPort::errorOccurred, &context_, [this] {
-      serial_.disconnect(&context_);
-      on_lost();
-    });
+    if (device.parent_path() != "/dev/pts") ioctl(file_.Number(), TIOCEXCL);
+    tcflush(file_.Number(), TCIOFLUSH);
+    QObject::connect(&arrival_, &QSocketNotifier::activated, &arrival_, [this] { OnArrival(); });
+    QObject::connect(&room_, &QSocketNotifier::activated, &room_, [this] { SendWaiting(); });
+    room_.setEnabled(false);
   }
-  ~LinuxSerialDevice() override {
-    serial_.disconnect(&context_);
-    if (serial_.isOpen()) serial_.clear();
-  }
+  ~LinuxSerialDevice() override { tcflush(file_.Number(), TCIOFLUSH); }
 
   void Write(const Bytes& bytes) override {
-    // To flush to a line that takes nothing for now would count as its loss.
-    const bool idle = serial_.bytesToWrite() == 0;
-    serial_.write(reinterpret_cast<const char*>(bytes.data()), static_cast<qint64>(bytes.size()));
-    if (idle) serial_.flush();
+    if (lost_) return;
+    waiting_.insert(waiting_.end(), bytes.begin(), bytes.end());
+    if (!room_.isEnabled()) SendWaiting();
   }
 
-  std::size_t Available() const override {
-    return static_cast<std::size_t>(serial_.bytesAvailable());
-  }
+  std::size_t Available() const override { return received_.size(); }
 
-  Bytes TakeAll() override {
-    const QByteArray bytes = serial_.readAll();
-    return Bytes(bytes.begin(), bytes.end());
-  }
+  Bytes TakeAll() override { return std::exchange(received_, {}); }
 
  private:
-  DeviceLock lock_;
-  QSerialPort serial_;
-  QObject context_;
+  void OnArrival() {
+    std::array<uint8_t, 4096> piece;
+    const ssize_t count = read(file_.Number(), piece.data(), piece.size());
+    if (count > 0) {
+      received_.insert(received_.end(), piece.begin(), piece.begin() + count);
+      on_bytes();
+    } else if (count == 0 || !WouldWait()) {
+      Lose();
+    }
+  }
+
+  // Sends as much as the line takes, and the rest when it has room again.
+  void SendWaiting() {
+    while (!waiting_.empty()) {
+      const ssize_t count = write(file_.Number(), waiting_.data(), waiting_.size());
+      if (count < 0 && !WouldWait()) {
+        Lose();
+        return;
+      }
+      if (count <= 0) break;
+      waiting_.erase(waiting_.begin(), waiting_.begin() + count);
+    }
+    if (room_.isEnabled() == waiting_.empty()) room_.setEnabled(!waiting_.empty());
+  }
+
+  void Lose() {
+    if (std::exchange(lost_, true)) return;
+    arrival_.setEnabled(false);
+    room_.setEnabled(false);
+    on_lost();
+  }
+
+  DeviceFile file_;
+  QSocketNotifier arrival_{file_.Number(), QSocketNotifier::Read};
+  QSocketNotifier room_{file_.Number(), QSocketNotifier::Write};
+  Bytes received_;
+  Bytes waiting_;
+  bool lost_ = false;
 };
 
 }  // namespace

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QImage>
 #include <QMdiArea>
 
 namespace sorvane {
@@ -11,6 +12,14 @@ class Background : public QMdiArea {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+
+ private:
+  // Sees to it that crystal_ has arms of that length.
+  void ShapeCrystal(double length);
+
+  // The crystal, opaque: what shines through is the whole of it, so that its lines don't show where
+  // they meet. Kept, since windows that move uncover it again and again.
+  QImage crystal_;
 };
 
 }  // namespace sorvane

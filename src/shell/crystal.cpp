@@ -1,5 +1,7 @@
 #include "shell/crystal.h"
 
+#include <QLineF>
+#include <QList>
 #include <QPainter>
 #include <QPixmap>
 #include <algorithm>
@@ -8,41 +10,39 @@ namespace sorvane {
 namespace {
 
 // Adds a pair of branches to an arm that points up from the origin.
-void AddBranches(QPainterPath& arm, double at, double branch) {
-  arm.moveTo(-branch, -at - branch);
-  arm.lineTo(0, -at);
-  arm.lineTo(branch, -at - branch);
+void AddBranches(QList<QLineF>& arm, double at, double branch) {
+  for (const double side : {-branch, branch}) arm.append(QLineF(side, -at - branch, 0, -at));
 }
 
-// Six arms as one shape, so that the strokes don't darken where they meet.
-QPainterPath SixArms(const QPainterPath& arm, double turn, double width) {
-  QPainterPath crystal;
-  for (int i = 0; i < 6; ++i) crystal.addPath(QTransform().rotate(turn + 60 * i).map(arm));
-
-  QPainterPathStroker stroker;
-  stroker.setWidth(width);
-  stroker.setCapStyle(Qt::RoundCap);
-  stroker.setJoinStyle(Qt::RoundJoin);
-  return stroker.createStroke(crystal).simplified();
+// Turns an arm into six. Each line is drawn by itself: one shape of them all, with hundreds of
+// edges side by side, would take the painter most of the program's start.
+void DrawArms(QPainter& painter, const QList<QLineF>& arm, double turn, const QPen& pen) {
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(pen);
+  painter.rotate(turn);
+  for (int i = 0; i < 6; ++i) {
+    painter.drawLines(arm);
+    painter.rotate(60);
+  }
 }
+
+QPen RoundPen(double width) { return QPen(Qt::white, width, Qt::SolidLine, Qt::RoundCap); }
 
 // The sign as few and broad lines, upright: thin ones at a slant are lost on a small icon, and on
 // the smallest there is no room for branches.
-QPainterPath IconCrystal(int size) {
+void DrawIconCrystal(QPainter& painter, int size) {
   const double length = size * 0.42;
-  QPainterPath arm;
-  arm.lineTo(0, -length);
+  QList<QLineF> arm = {QLineF(0, 0, 0, -length)};
   if (size > 16) AddBranches(arm, length * 0.52, length * 0.29);
-  return SixArms(arm, 0, std::max(2.0, size / 16.0));
+  DrawArms(painter, arm, 0, RoundPen(std::max(2.0, size / 16.0)));
 }
 
 }  // namespace
 
-QPainterPath Crystal(double length) {
-  QPainterPath arm;
-  arm.lineTo(0, -length);
+void DrawCrystal(QPainter& painter, double length) {
+  QList<QLineF> arm = {QLineF(0, 0, 0, -length)};
   for (const double at : {0.45, 0.7}) AddBranches(arm, length * at, length * 0.25 * (1.2 - at));
-  return SixArms(arm, 12, length / 18);
+  DrawArms(painter, arm, 12, RoundPen(length / 18));
 }
 
 QImage IconImage(int size) {
@@ -54,7 +54,7 @@ QImage IconImage(int size) {
   painter.setBrush(QColor(28, 94, 146));
   painter.drawRoundedRect(QRectF(0, 0, size, size), size * 0.2, size * 0.2);
   painter.translate(size / 2.0, size / 2.0);
-  painter.fillPath(IconCrystal(size), Qt::white);
+  DrawIconCrystal(painter, size);
   return image;
 }
 

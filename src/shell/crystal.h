@@ -2,12 +2,14 @@
 
 #include <QIcon>
 #include <QImage>
-#include <QPainterPath>
+
+class QPainter;
 
 namespace sorvane {
 
-// The program's sign, a snow crystal around the origin whose arms have the given length.
-QPainterPath Crystal(double length);
+// Draws the program's sign in white: a snow crystal around the origin whose arms have the given
+// length. It reaches a twentieth of that further.
+void DrawCrystal(QPainter& painter, double length);
 
 // The edges of the program's icon in pixels, all that desktops ask for.
 inline constexpr int kIconSizes[] = {16, 24, 32, 48, 64, 128, 256};

@@ -35,6 +35,53 @@ TEST(Sweep, FromWithinTheTableTheWalkEndsAtItsStart) {
   EXPECT_EQ(link.Position(), 0);
 }
 
+// The position outlives a connection, and the next file may be shorter.
+TEST(Sweep, APositionBeyondTheTableIsLookedAtBeforeTheWalkEnds) {
+  LinkState state;
+  BoardTables tables;
+  Sweep sweep(state, tables);
+  std::vector<int32_t> sent;
+  sweep.send_frame = [&] { sent.push_back(state.SweepPosition); };
+  tables.RecordCount(0) = 3;
+  tables.ParameterTable(8, 0).At(position::kFlags) = flag::kPolled;
+  state.SweepPosition = 7;
+  sweep.SweepStep();
+  EXPECT_EQ(state.SweepPosition, 0);
+  EXPECT_TRUE(sent.empty());
+  state.SweepPosition = 8;
+  sweep.SweepStep();
+  EXPECT_EQ(sent, std::vector<int32_t>{8});
+}
+
+TEST(Sweep, FromTheLastPlaceOfAllTheWalkEndsAtItsStart) {
+  LinkState state;
+  BoardTables tables;
+  Sweep sweep(state, tables);
+  tables.RecordCount(0) = 3;
+  state.SweepPosition = BoardTables::kParameterPlaces - 1;
+  sweep.SweepStep();
+  EXPECT_EQ(state.SweepPosition, 0);
+}
+
+TEST(Sweep, RecordsThatWaitAreEachPassedOnceInAPass) {
+  LinkState state;
+  BoardTables tables;
+  Sweep sweep(state, tables);
+  std::vector<int32_t> sent;
+  sweep.send_frame = [&] { sent.push_back(state.SweepPosition); };
+  tables.RecordCount(0) = 40;
+  for (const int32_t index : {1, 2, 17, 39}) {
+    tables.ParameterTable(index, 0).At(position::kFlags) = flag::kPolled;
+    tables.ParameterTable(index, 0).At(position::kDivider) = 0x23;
+  }
+  sweep.SweepStep();
+  EXPECT_TRUE(sent.empty());
+  EXPECT_EQ(state.SweepPosition, 0);
+  for (const int32_t index : {1, 2, 17, 39}) {
+    EXPECT_EQ(tables.ParameterTable(index, 0).At(position::kDivider), 0x13) << index;
+  }
+}
+
 TEST(Sweep, ATableOfNoRecordsWrapsAtOnce) {
   Standing link({});
   link.access.WatchParameter(1);

@@ -114,7 +114,7 @@ class Contents(unittest.TestCase):
         self.assertTrue(changes.startswith(f"sorvane ({project}-1) "), changes)
         needed = {entry.split()[0] for entry in self.field("Depends").split(", ")}
         self.assertLessEqual({"libc6", "libqt6core6", "libqt6gui6", "libqt6widgets6",
-                              "libqt6serialport6", "libstdc++6"}, needed)
+                              "libstdc++6"}, needed)
 
     def test_modem_managers_are_kept_from_the_adapter(self):
         rules = (self.root / "usr/lib/udev/rules.d/60-sorvane.rules").read_text(encoding="ascii")

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <vector>
+
+#include "bench/ratio.h"
+
+namespace sorvane::bench {
+
+// Each measure runs both sides itself, and throws if a side didn't do its work.
+
+// One pass of the sweep over a table of idle records, against a plain loop that reads their flag
+// bytes. Processor time.
+std::vector<Result> MeasureSweep();
+
+// One exchange by engine and serial port over a pseudo-terminal, without the tick, against one
+// register read by libmodbus over another. Processor time of the side that asks.
+std::vector<Result> MeasureExchange();
+
+// The notice of one reply to all thirteen pages, and what is painted for it, against the tick.
+// Processor time.
+std::vector<Result> MeasureNotice();
+
+// From the choice of the alarm page until it has all replies, against 40 ms an exchange. Wall time.
+std::vector<Result> MeasureAlarms();
+
+// From the choice of Connect until the connection stands, on a line of 19200 baud, against the time
+// that its bytes take on the wire. Wall time.
+std::vector<Result> MeasureConnecting();
+
+// Wall time until a window is painted and answers, and peak memory then, each against a bare window
+// of Qt with menu bar, status bar and MDI area.
+std::vector<Result> MeasureStart();
+
+// Processor time of the connected program with the clock page open, against wall time.
+std::vector<Result> MeasureIdle();
+
+}  // namespace sorvane::bench
