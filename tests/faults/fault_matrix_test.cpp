@@ -86,8 +86,8 @@ constexpr const char* kFaults[] = {
 enum class Moment { kBeforeTheFrame, kOnTheWayToTheBoard, kWithinTheReply, kAfterTheReply };
 constexpr Moment kMoments[] = {Moment::kBeforeTheFrame, Moment::kOnTheWayToTheBoard,
                                Moment::kWithinTheReply, Moment::kAfterTheReply};
-// How long it lasts unless it wears off: within an exchange, beyond a timeout, and beyond several.
-constexpr int kSpans[] = {7, 1100, 4321};
+// How long it lasts unless it wears off: within an exchange, and beyond some timeouts.
+constexpr int kSpans[] = {7, 2300};
 
 // More than the sweep, the lamps, the timeout and the limit of identification can bring.
 constexpr int kMostFiringsInASecond = 36;
