@@ -35,7 +35,7 @@ class Endurance {
   Endurance(unsigned seed, Rig::Wire wire) : random_(seed), rig_(link_, Rows(), wire) {}
 
   void Play(std::int64_t exchanges) {
-    rig_.CompareWholeEvery(100);
+    rig_.CompareTableEvery(100);
     rig_.Connect();
     ASSERT_TRUE(rig_.RunUntil([&] { return rig_.model.At() == LinkModel::Stage::kStanding; }));
     while (rig_.Frames() < exchanges && rig_.IsWell()) {

@@ -144,20 +144,21 @@ class Matrix : public testing::TestWithParam<std::tuple<Kind, const char*, Rig::
         missing[i] = start + std::max(record.reload, record.wait) + 2;
       }
     }
-    while (!missing.empty() && rig.IsWell()) {
-      rig.Run(1);
-      for (auto each = missing.begin(); each != missing.end();) {
-        const auto [parameter, latest] = *each;
-        if (rig.Refreshed()[static_cast<std::size_t>(parameter)] >
-            before[static_cast<std::size_t>(parameter)]) {
-          each = missing.erase(each);
-          EXPECT_EQ(rig.link.Record(parameter).At(6) & 1, 1) << "parameter " << parameter;
-          continue;
-        }
-        ASSERT_LE(rig.model.Passes(), latest) << "parameter " << parameter;
-        ++each;
+    int late = 0;
+    rig.RunUntil([&] {
+      std::erase_if(missing, [&](const auto& each) {
+        const auto place = static_cast<std::size_t>(each.first);
+        if (rig.Refreshed()[place] == before[place]) return false;
+        EXPECT_EQ(rig.link.Record(each.first).At(6) & 1, 1) << "parameter " << each.first;
+        return true;
+      });
+      for (const auto& each : missing) {
+        if (rig.model.Passes() > each.second) late = each.first;
       }
-    }
+      return missing.empty() || late != 0;
+    });
+    EXPECT_EQ(late, 0) << "a parameter that doesn't come anew";
+    EXPECT_TRUE(missing.empty());
   }
 
   void Play(Moment moment, int span) {

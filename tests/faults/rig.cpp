@@ -133,7 +133,12 @@ void Rig::Instant(std::int64_t moment) {
     ADD_FAILURE() << "at " << moment << " ms: " << error.what();
     return;
   }
-  Compare(++instants_ % whole_every_ == 0);
+  Compare(DepthOfThisInstant());
+}
+
+Rig::Depth Rig::DepthOfThisInstant() {
+  if (++instants_ % table_every_ != 0) return Depth::kNews;
+  return instants_ % (10 * table_every_) == 0 ? Depth::kAll : Depth::kTable;
 }
 
 void Rig::ServeBoards() {
@@ -247,12 +252,12 @@ void Rig::SetBoard(int parameter, const Bytes& value) {
 
 // The comparison.
 
-bool Rig::Compare(bool whole) {
+bool Rig::Compare(Depth depth) {
   const bool news = touched_ || !model_frames_.empty() || !model_notices_.empty() ||
                     !link.wire.Frames().empty() || !link.notices.empty();
   touched_ = false;
-  if (!news && !whole) return well_;
-  std::string words = Differences(whole);
+  if (!news && depth == Depth::kNews) return well_;
+  std::string words = Differences(depth);
   for (; faults_told_ < ledger.Faults().size(); ++faults_told_) {
     words += "  " + ledger.Faults()[faults_told_] + "\n";
   }
@@ -263,18 +268,16 @@ bool Rig::Compare(bool whole) {
   return well_;
 }
 
-std::string Rig::Differences(bool whole) {
+std::string Rig::Differences(Depth depth) {
   std::string words = LinkDifferences();
   if (more_differences) words += more_differences();
   for (const LinkModel::Notice& each : model_notices_) words += RecordDifference(each.parameter);
   words += RecordDifference(std::max(1, model.Position()));
-  for (int i = 1; whole && i <= model.Count(); ++i) {
-    words += RecordDifference(i);
+  for (int i = 1; depth != Depth::kNews && i <= model.Count(); ++i) words += RecordDifference(i);
+  for (int i = 1; depth == Depth::kAll && i <= model.Count(); ++i) {
     const Bytes& held = board.Contents().Value(simulator::Parameter(i));
     const Bytes& expected = board_model.Held(addresses_[static_cast<std::size_t>(i)]);
-    if (held != expected) {
-      Differ(words, "the board's parameter " + std::to_string(i), held, expected);
-    }
+    Differ(words, "the board's parameter " + std::to_string(i), held, expected);
   }
   model_frames_.clear();
   model_notices_.clear();

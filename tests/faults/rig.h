@@ -58,8 +58,12 @@ class Rig {
   // be. False if bytes are left over all the same, or if they are where bytes are gathered.
   bool GetInStep();
 
-  // Compares everything, and fails the running test with what differs. Returns whether all is well.
-  bool Compare(bool whole = true);
+  // How much is compared: the link and the records to which something has happened, the whole
+  // table, or the board's memory, too.
+  enum class Depth { kNews, kTable, kAll };
+
+  // Compares, and fails the running test with what differs. Returns whether all is well.
+  bool Compare(Depth depth = Depth::kAll);
   bool IsWell() const { return well_; }
 
   // How many frames have gone out.
@@ -69,8 +73,9 @@ class Rig {
   // Timers that have fired: hand this to the link's Setup.
   static std::function<TimerMaker(TimerMaker)> Counted(std::int64_t& count);
 
-  // One instant in so many is compared whole; the others where something has happened.
-  void CompareWholeEvery(int instants) { whole_every_ = instants; }
+  // The table is compared in one instant of so many, the board's memory in one of ten times as
+  // many.
+  void CompareTableEvery(int instants) { table_every_ = instants; }
 
   // What else differs, in words; asked at every comparison.
   std::function<std::string()> more_differences;
@@ -91,7 +96,8 @@ class Rig {
   void Instant(std::int64_t moment);
   void ServeBoards();
   int ParameterAt(const Address& address) const;
-  std::string Differences(bool whole);
+  Depth DepthOfThisInstant();
+  std::string Differences(Depth depth);
   std::string RecordDifference(int parameter);
   std::string LinkDifferences();
 
@@ -107,7 +113,7 @@ class Rig {
   std::vector<int> refreshed_;
   std::int64_t frames_ = 0;
   bool touched_ = false;
-  int whole_every_ = 20;
+  int table_every_ = 20;
   int instants_ = 0;
   std::size_t faults_told_ = 0;
   bool well_ = true;
