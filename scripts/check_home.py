@@ -18,6 +18,10 @@ RAW_CONNECT = re.compile(r"\bconnect\s*\(|\bconnectSlotsByName\b|\bSLOT\s*\(")
 MAY_CONNECT = {"src/shell/guarded_connect.h", "src/platform/serial_port_linux.cpp",
                "src/platform/serial_port_windows.cpp"}
 
+# The program's tables, its link and its pages live on the one event thread.
+THREAD = re.compile(r"\bstd::(thread|jthread|async)\b|#include <(thread|future)>|\.detach\s*\(|"
+                    r"\bpthread_create\b|\bCreateThread\b|\bQThread|\bQtConcurrent\b")
+
 UMBRELLA = re.compile(r"#include\s*<Qt(Core|Gui|Widgets|Test)>")
 SKIPPED = re.compile(r"\bGTEST_SKIP\b|\bDISABLED_|\bQSKIP\b|\bQEXPECT_FAIL\b")
 BANNER = re.compile(r"^//\s*(={4,}|-{4,}|\*{4,}|#{4,})")
@@ -45,6 +49,8 @@ def check_source(path, text):
     for number, line in enumerate(lines, 1):
         if product and name not in MAY_CONNECT and RAW_CONNECT.search(line):
             yield number, "raw connect: use ConnectGuarded"
+        if product and THREAD.search(line):
+            yield number, "a thread: the program has one"
         if UMBRELLA.search(line):
             yield number, "umbrella include"
         if SKIPPED.search(line):

@@ -32,7 +32,11 @@ class WireLane {
     return byte;
   }
 
-  void Clear() { bytes_.clear(); }
+  // The bytes under way are lost, and the wire is free at once.
+  void Clear() {
+    bytes_.clear();
+    last_arrival_ = {};
+  }
 
  private:
   std::deque<std::pair<Micros, uint8_t>> bytes_;

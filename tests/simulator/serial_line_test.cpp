@@ -125,5 +125,14 @@ TEST_F(SerialLineTest, ClearLosesAllThatIsUnderWay) {
   EXPECT_FALSE(line_.NextEvent());
 }
 
+TEST_F(SerialLineTest, AfterClearTheWireIsFreeAtOnce) {
+  SetFault("late reply 1");
+  line_.Receive(kRead, Micros(0));
+  ServeAt(Micros(0));
+  line_.Clear();
+  line_.Receive(kRead, milliseconds(5));
+  EXPECT_EQ(SentAt(milliseconds(5)), kAnswer);
+}
+
 }  // namespace
 }  // namespace sorvane::simulator

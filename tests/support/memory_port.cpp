@@ -33,7 +33,7 @@ void MemoryPort::Open() {
 
 void MemoryPort::Close() {
   if (!open_) return;
-  open_ = false;
+  open_ = dead_ = false;
   ++closes_;
   in_.clear();
 }
@@ -41,13 +41,13 @@ void MemoryPort::Close() {
 void MemoryPort::Output(const Bytes& bytes) {
   if (!open_ || std::exchange(fail_next_output_, false)) throw RuntimeError(ErrorCode::kPort);
   frames_.push_back(bytes);
-  if (!vanished_ && on_output) on_output(bytes);
+  if (!dead_ && on_output) on_output(bytes);
 }
 
 Bytes MemoryPort::Input() { return std::exchange(in_, {}); }
 
 void MemoryPort::Deliver(const Bytes& bytes) {
-  if (!open_ || vanished_) return;
+  if (!open_ || dead_) return;
   in_.insert(in_.end(), bytes.begin(), bytes.end());
   RaiseEvent(kCommEventReceive);
 }

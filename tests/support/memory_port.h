@@ -36,8 +36,12 @@ class MemoryPort : public Port {
   void FailNextOutput() { fail_next_output_ = true; }
 
   // The adapter is pulled: nothing arrives any more, frames go nowhere (they are recorded all the
-  // same), and once closed the port can't be opened until ComeBack.
-  void Vanish() { vanished_ = true; }
+  // same), and once closed the port can't be opened until ComeBack. A port that was open then stays
+  // dead until it is closed.
+  void Vanish() {
+    vanished_ = true;
+    dead_ = open_;
+  }
   void ComeBack() { vanished_ = false; }
 
   // Opens that were asked for, those that succeeded, and closes of an open port.
@@ -62,6 +66,7 @@ class MemoryPort : public Port {
   int number_ = 0;
   bool open_ = false;
   bool vanished_ = false;
+  bool dead_ = false;
   bool refuse_open_ = false;
   bool fail_next_open_ = false;
   bool fail_next_output_ = false;

@@ -52,6 +52,18 @@ class Board:
             raise RuntimeError(f"{command}: {line}")
         return line
 
+    @property
+    def process_id(self):
+        return self._process.pid
+
+    def is_running(self):
+        return self._process.poll() is None
+
+    @property
+    def exit_code(self):
+        """None while it runs; the negative number of a signal that ended it."""
+        return self._process.poll()
+
     def holds(self, parameter):
         """The number that stands in the board's memory."""
         return int(self.tell(f"get {parameter}").rsplit("= ", 1)[1])

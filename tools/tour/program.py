@@ -198,8 +198,17 @@ class Program:
 
     # The end.
 
+    @property
+    def process_id(self):
+        return self._process.pid
+
     def is_running(self):
         return self._process.poll() is None
+
+    @property
+    def exit_code(self):
+        """None while it runs; the negative number of a signal that ended it."""
+        return self._process.poll()
 
     def close_frame(self):
         """Closes the main frame: by keys if it is in front, by its close button if it isn't."""

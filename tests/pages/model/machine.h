@@ -26,18 +26,21 @@ class Machine {
   static constexpr int kRecords = 419;
 
   Machine();
+  virtual ~Machine() = default;
+  Machine(const Machine&) = delete;
+  Machine& operator=(const Machine&) = delete;
 
   // What the board holds.
   void SetBoard(int parameter, std::uint32_t value);
   void SetBoardText(int parameter, const std::string& text);
 
-  // What a page does to the table.
-  void Watch(int parameter);
-  void Unwatch(int parameter);
-  void Write(int parameter, std::int64_t value);
+  // What a page does to the table; tests with another table put theirs in its place.
+  virtual void Watch(int parameter);
+  virtual void Unwatch(int parameter);
+  virtual void Write(int parameter, std::int64_t value);
   void WritePair(int first, int second, std::int64_t value);
-  std::int64_t Read(int parameter) const;
-  bool IsFresh(int parameter) const;
+  virtual std::int64_t Read(int parameter) const;
+  virtual bool IsFresh(int parameter) const;
 
   // Has a watched parameter asked for once more.
   void AskAgain(int parameter);
