@@ -2,7 +2,7 @@
 
 # Everything that building, testing and showing the program takes, from Debian.
 packages=(
-  cmake ninja-build g++ clang clang-format clang-tidy clazy ccache
+  cmake ninja-build g++ clang libclang-rt-14-dev clang-format clang-tidy clazy ccache
   qt6-base-dev qt6-base-dev-tools qt6-serialport-dev libcli11-dev libgtest-dev libgmock-dev
   libgl-dev libvulkan-dev
   xvfb openbox xdotool x11-utils imagemagick fonts-dejavu-core
