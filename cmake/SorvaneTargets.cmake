@@ -24,11 +24,20 @@ endif()
 
 function(sorvane_common target)
   target_compile_options(${target} PRIVATE ${SORVANE_WARNINGS})
-  if(SORVANE_SANITIZE)
+  if(SORVANE_SANITIZE OR SORVANE_FUZZ)
     set(sanitize -fsanitize=address,undefined,float-cast-overflow -fno-sanitize-recover=all
                  -fno-omit-frame-pointer)
     target_compile_options(${target} PRIVATE ${sanitize})
     target_link_options(${target} PRIVATE ${sanitize})
+  endif()
+endfunction()
+
+# Lets libFuzzer see which way a library's code takes; what drives it isn't watched. Comparisons aren't
+# either: the targets know right answers by themselves, and it would take half of the speed.
+function(sorvane_fuzzed target)
+  if(SORVANE_FUZZ)
+    target_compile_options(${target} PRIVATE
+      -fsanitize=fuzzer-no-link -fno-sanitize-coverage=trace-cmp)
   endif()
 endfunction()
 
@@ -42,6 +51,7 @@ function(sorvane_floor floor)
   add_library(sorvane_${floor} STATIC ${ARG_SOURCES})
   target_include_directories(sorvane_${floor} PUBLIC ${root})
   sorvane_common(sorvane_${floor})
+  sorvane_fuzzed(sorvane_${floor})
 endfunction()
 
 # Cases with widgets run on Qt's offscreen platform, which finds no font by itself on Windows.
