@@ -9,7 +9,7 @@ from report import Result
 CAUGHT = Outcome("failed", "Toy.Works")
 SURVIVED = Outcome("passed")
 MUTANT = mutants_of("src/board/toy.cpp", "bool b = c || d;\n")[0]
-REASONS = {(MUTANT.source, MUTANT.after): "no caller tells them apart"}
+REASONS = {(MUTANT.source, MUTANT.before, MUTANT.after): "no caller tells them apart"}
 
 
 class JudgementTest(unittest.TestCase):
