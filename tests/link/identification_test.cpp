@@ -34,8 +34,19 @@ TEST_F(IdentificationTest, TakesTheNumbersFromTheirParameters) {
 }
 
 TEST_F(IdentificationTest, AnAnswerChangesItsOwnNumberOnly) {
+  link.tables.IndexSoftware = 3;
+  link.tables.IndexType = 4;
   Start();
-  ReplyTo(5);
+  ReplyTo(2);
+  EXPECT_EQ(link.tables.IndexSoftware, 3);
+  link.wire.Expect(kQuestions[2]);
+  Reply(0);
+  link.wire.Expect(kQuestions[3]);
+  Reply(18);
+  EXPECT_EQ(link.tables.IndexSoftware, 0);
+  EXPECT_EQ(link.tables.IndexType, 4);
+  link.wire.Expect(kQuestions[4]);
+  Reply(53);
   EXPECT_EQ(link.tables.IndexType, 53);
   Reply(1);
   EXPECT_EQ(link.tables.IndexType, 309);
