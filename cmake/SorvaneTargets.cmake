@@ -52,6 +52,10 @@ function(sorvane_floor floor)
   target_include_directories(sorvane_${floor} PUBLIC ${root})
   sorvane_common(sorvane_${floor})
   sorvane_fuzzed(sorvane_${floor})
+  if(SORVANE_COVERAGE)
+    target_compile_options(sorvane_${floor} PRIVATE -O0 --coverage)
+    target_link_options(sorvane_${floor} PUBLIC --coverage)
+  endif()
 endfunction()
 
 # Cases with widgets run on Qt's offscreen platform, which finds no font by itself on Windows.

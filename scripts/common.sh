@@ -18,6 +18,9 @@ windows_packages=(
   python3-pil python3-xlib python3-tesserocr tesseract-ocr-eng tesseract-ocr-fra
 )
 
+# The same for counting what the tests run.
+coverage_packages=(gcovr)
+
 # Compiling again what was compiled before costs next to nothing.
 export CMAKE_CXX_COMPILER_LAUNCHER=ccache
 

@@ -55,6 +55,15 @@ TEST_F(AccessTest, WriteLaysDownTheBytesOfANumberLeastSignificantFirst) {
   EXPECT_EQ(Value(4), (std::vector<int>{1, 2, 3, 4}));
 }
 
+TEST_F(AccessTest, WriteCarriesIntoTheNextByteAfter255) {
+  Write(kFourBytes, 0x100);
+  EXPECT_EQ(Value(4), (std::vector<int>{0, 1, 0, 0}));
+  Write(kFourBytes, 0x10000);
+  EXPECT_EQ(Value(4), (std::vector<int>{0, 0, 1, 0}));
+  Write(kFourBytes, 0x1000000);
+  EXPECT_EQ(Value(4), (std::vector<int>{0, 0, 0, 1}));
+}
+
 TEST_F(AccessTest, WriteStoresFourBytesWhateverTheSize) {
   Write(kOneByte, 300);
   EXPECT_EQ(Value(4), (std::vector<int>{44, 1, 0, 0}));

@@ -33,6 +33,34 @@ TEST_F(IdentificationTest, TakesTheNumbersFromTheirParameters) {
   EXPECT_EQ(link.loaded, 1);
 }
 
+TEST_F(IdentificationTest, AnAnswerChangesItsOwnNumberOnly) {
+  link.tables.IndexSoftware = 3;
+  link.tables.IndexType = 4;
+  Start();
+  ReplyTo(2);
+  EXPECT_EQ(link.tables.IndexSoftware, 3);
+  link.wire.Expect(kQuestions[2]);
+  Reply(0);
+  link.wire.Expect(kQuestions[3]);
+  Reply(18);
+  EXPECT_EQ(link.tables.IndexSoftware, 0);
+  EXPECT_EQ(link.tables.IndexType, 4);
+  link.wire.Expect(kQuestions[4]);
+  Reply(53);
+  EXPECT_EQ(link.tables.IndexType, 53);
+  Reply(1);
+  EXPECT_EQ(link.tables.IndexType, 309);
+  EXPECT_EQ(link.ser.BoardParameter18, 0);
+}
+
+TEST_F(IdentificationTest, AsksAtTheWholeAddressThatTheFileGives) {
+  std::vector<IndexRecord> rows = SystemRows();
+  rows[0] = {3, 2, 0, 0, 1, {}};
+  link.folder.WriteFile("W0309.inx", FirstLevelBytes(rows));
+  Start();
+  link.wire.Expect({0, 1, 2, 3, 6});
+}
+
 TEST_F(IdentificationTest, AnAnswerShowsThatABoardIsPresent) {
   Start();
   EXPECT_FALSE(link.tables.BoardPresent(0));

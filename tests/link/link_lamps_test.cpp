@@ -31,6 +31,25 @@ TEST_F(LampsTest, AllAreAtRestAtStartUp) {
   EXPECT_EQ(lamps.Tag(4), 3);
 }
 
+TEST_F(LampsTest, LitLampsAreAtRestAgainAfterAnotherStartUp) {
+  for (const int code : {4, 5, 6}) lamps.SetLinkLamp(code);
+  images.clear();
+  lamps.InitStatusPanels();
+  EXPECT_EQ(images, (Images{{2, 1}, {3, 2}, {4, 3}}));
+  EXPECT_EQ(lamps.Tag(2), 1);
+  EXPECT_EQ(lamps.Tag(3), 2);
+  EXPECT_EQ(lamps.Tag(4), 3);
+}
+
+TEST_F(LampsTest, KeepTheirStateWithoutAStatusBar) {
+  lamps.on_image = nullptr;
+  lamps.on_text = nullptr;
+  lamps.InitStatusPanels();
+  lamps.SetLinkLamp(6);
+  lamps.SetText("x");
+  EXPECT_EQ(lamps.Tag(4), 6);
+}
+
 TEST_F(LampsTest, EachCodeShowsItsImageInItsPanel) {
   const Images expected = {{2, 4}, {3, 5}, {4, 6}, {2, 1}, {3, 2}, {4, 3}};
   for (const auto& [panel, image] : expected) {
@@ -85,6 +104,14 @@ TEST_F(LampsOnLine, AFrameLightsTheTransmitLampForHalfASecond) {
   ExpectLamps(4, 2, 3);
   link.clock.Advance(1);
   ExpectLamps(1, 2, 3);
+}
+
+TEST_F(LampsOnLine, TheHoldOfTheTransmitLampRunsOnce) {
+  const int armed = link.clock.Armed();
+  link.clock.Advance(499);
+  EXPECT_EQ(link.clock.Armed(), armed);
+  link.clock.Advance(1);
+  EXPECT_EQ(link.clock.Armed(), armed - 1);
 }
 
 TEST_F(LampsOnLine, EveryFrameHoldsTheTransmitLampAnew) {
@@ -144,6 +171,18 @@ TEST_F(LampsOnLine, ATimeoutLightsTheErrorLampAndItStays) {
   ExpectLamps(4, 2, 6);
   link.clock.Advance(900);
   ExpectLamps(1, 2, 6);
+}
+
+TEST_F(LampsOnLine, AReceiveLampThatAnUnloadLeftLitGoesOutAtTheNextTimeout) {
+  link.board.Reply({44, 1, 45});
+  link.ser.Unload();
+  link.clock.Advance(2000);
+  EXPECT_EQ(link.lamps.Tag(3), 5);
+  link.Load();
+  link.clock.Advance(999);
+  EXPECT_EQ(link.lamps.Tag(3), 5);
+  link.clock.Advance(1);
+  EXPECT_EQ(link.lamps.Tag(3), 2);
 }
 
 TEST_F(LampsOnLine, AReplyEmptiesTheTextPanel) {

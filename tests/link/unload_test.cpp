@@ -35,6 +35,7 @@ struct UnloadTest : ::testing::Test {
     link.wire.Forget();
     link.ser.Unload();
     EXPECT_FALSE(link.ser.IsLoaded());
+    EXPECT_FALSE(link.ser.State().Identifying);
     EXPECT_EQ(link.clock.Armed(), 0);
     EXPECT_FALSE(link.wire.PortOpen());
     link.board.Reply({9, 9});

@@ -2,7 +2,9 @@
 #include <gtest/gtest.h>
 
 #include <QTest>
+#include <ostream>
 #include <string>
+#include <vector>
 
 #include "pages/orologio_page.h"
 
@@ -21,6 +23,9 @@ struct Limit {
   const char* shown;    // what the board holds
   std::vector<int> written;
 };
+
+// A row is named by its field, not by its bytes, of which some are padding.
+void PrintTo(const Limit& limit, std::ostream* out) { *out << limit.field; }
 
 class OrologioLimit : public OrologioPage, public testing::WithParamInterface<Limit> {};
 
@@ -219,6 +224,8 @@ struct TooLarge {
   Bytes highest;  // that its variable takes
   Bytes above;
 };
+
+void PrintTo(const TooLarge& row, std::ostream* out) { *out << row.name; }
 
 class OrologioVariable : public OrologioPage, public testing::WithParamInterface<TooLarge> {};
 

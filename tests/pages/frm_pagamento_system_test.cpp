@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <QTest>
+#include <ostream>
 #include <string>
 
 #include "pages/pagamento_page.h"
@@ -25,6 +26,8 @@ struct Outcome {
   bool coins_tab;
   bool notes_tab;
 };
+
+void PrintTo(const Outcome& outcome, std::ostream* out) { *out << outcome.name; }
 
 class PagamentoOutcome : public PagamentoPage, public testing::WithParamInterface<Outcome> {
  protected:

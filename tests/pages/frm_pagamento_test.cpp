@@ -3,6 +3,7 @@
 
 #include <QGroupBox>
 #include <QStringList>
+#include <ostream>
 #include <string>
 
 #include "pages/pagamento_page.h"
@@ -340,6 +341,8 @@ struct TooLarge {
   Bytes highest;  // that its variable takes
   Bytes above;
 };
+
+void PrintTo(const TooLarge& row, std::ostream* out) { *out << row.name; }
 
 class PagamentoVariable : public PagamentoPage, public testing::WithParamInterface<TooLarge> {
  protected:

@@ -370,6 +370,46 @@ TEST(Pages, AnEntryBringsItsOpenPageToTheFront) {
   EXPECT_EQ(area->subWindowList().size(), 2);
 }
 
+TEST(Pages, AnEntryBringsItsMinimizedPageBack) {
+  Program program;
+  program.Connect();
+  program.Choose("MnuSconti");
+  QWidget& window = *program.frame->findChild<ChildForm*>("FrmSconti")->parentWidget();
+  window.showMinimized();
+  program.Choose("MnuPrezzi");
+  ASSERT_TRUE(window.isMinimized());
+  program.Choose("MnuSconti");
+  EXPECT_FALSE(window.isMinimized());
+  EXPECT_TRUE(window.isVisible());
+}
+
+TEST(Pages, AMinimizedPageKeepsItsSizeWhenTheLanguageChanges) {
+  Program program;
+  program.Connect();
+  program.Choose("MnuSconti");
+  QWidget& window = *program.frame->findChild<ChildForm*>("FrmSconti")->parentWidget();
+  window.showMinimized();
+  const QSize small = window.size();
+  program.Choose("smnuLingue(1)");
+  EXPECT_TRUE(window.isMinimized());
+  EXPECT_EQ(window.size(), small);
+}
+
+TEST(Lamps, TheTextOfTheLinkStandsInTheStatusLineUntilTheNextReply) {
+  Program program;
+  program.Connect();
+  program.link.lamps.SetText("line 2");
+  const auto shown = [&program] {
+    for (const QLabel* label : program.frame->findChildren<QLabel*>()) {
+      if (label->text() == "line 2") return true;
+    }
+    return false;
+  };
+  EXPECT_TRUE(shown());
+  program.Open("MnuSconti");
+  EXPECT_FALSE(shown());
+}
+
 TEST(Pages, StandInTheMiddleOfTheFrameALittleAboveIt) {
   Program program;
   program.Connect();

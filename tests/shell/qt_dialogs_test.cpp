@@ -12,6 +12,7 @@
 #include <QVBoxLayout>
 #include <memory>
 #include <optional>
+#include <stdexcept>
 
 #include "board/errors.h"
 #include "shell/controls/program_style.h"
@@ -171,6 +172,12 @@ TEST_F(Boxes, LeaveTheWindowItsCloseControl) {
   EXPECT_TRUE(window.close());
 }
 
+TEST_F(Boxes, ComeToTheFrontAgainWhenTheWindowDoes) {
+  Show({"text", "Error", 16});
+  window.activateWindow();
+  EXPECT_TRUE(QTest::qWaitFor([] { return QApplication::activeWindow() == Standing(); }));
+}
+
 TEST_F(Boxes, CloseAMenuThatIsOpen) {
   QMenu menu(&window);
   menu.addAction("entry");
@@ -200,6 +207,14 @@ TEST_F(Boxes, TheReportOfARunTimeErrorLeavesWhenItHasBeenRead) {
   ASSERT_NE(Standing(), nullptr);
   EXPECT_EQ(Standing()->text(), "Run-time error '9':\n\nSubscript out of range");
   EXPECT_EQ(exit, std::nullopt);
+  QTest::keyClick(Standing(), Qt::Key_Return);
+  EXPECT_EQ(exit, 1);
+}
+
+TEST_F(Boxes, TheReportOfAnErrorOfTheSystemHasNoNumber) {
+  gate.Run([] { throw std::length_error("too long"); });
+  ASSERT_NE(Standing(), nullptr);
+  EXPECT_EQ(Standing()->text(), "Run-time error:\n\ntoo long");
   QTest::keyClick(Standing(), Qt::Key_Return);
   EXPECT_EQ(exit, 1);
 }

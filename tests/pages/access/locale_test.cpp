@@ -3,6 +3,7 @@
 #include <QLabel>
 #include <QTest>
 #include <QTreeWidget>
+#include <ostream>
 
 #include "board/parameter.h"
 #include "pages/access/shipped_program.h"
@@ -19,6 +20,9 @@ struct Desktop {
   QLocale locale;
   const char* alarm;  // date of 5 March 2026
 };
+
+// A desktop is told by its name, not by its bytes, of which some are padding.
+void PrintTo(const Desktop& desktop, std::ostream* out) { *out << desktop.name; }
 
 const Desktop kDesktops[] = {
     {"British", {'.', ','}, {QLocale::English, QLocale::UnitedKingdom}, "05/03/2026"},
@@ -130,6 +134,8 @@ struct Grouped {
   int price;     // that the board then has
   bool message;  // about numbers
 };
+
+void PrintTo(const Grouped& row, std::ostream* out) { *out << row.desktop << ' ' << row.typed; }
 
 class Thousands : public testing::TestWithParam<Grouped> {};
 

@@ -93,6 +93,21 @@ TEST_F(AccessibilityTest, ToggleIsACheckBoxWithItsState) {
   EXPECT_TRUE(interface.state().checked);
 }
 
+TEST_F(AccessibilityTest, ToggleTakesTheFocusWhenItIsAskedTo) {
+  Toggle toggle(gate, nullptr);
+  ShowActive(toggle);
+  toggle.clearFocus();
+  Of(toggle).actionInterface()->doAction(QAccessibleActionInterface::setFocusAction());
+  EXPECT_TRUE(toggle.hasFocus());
+  EXPECT_FALSE(toggle.IsChecked());
+}
+
+TEST_F(AccessibilityTest, BarHasNoTextToEdit) {
+  Bar bar(gate, nullptr);
+  EXPECT_EQ(Of(bar).editableTextInterface(), nullptr);
+  EXPECT_NE(Of(bar).actionInterface(), nullptr);
+}
+
 TEST_F(AccessibilityTest, SliderSaysTheNameOfItsPosition) {
   Slider slider(gate, nullptr);
   slider.SetLabels("SI,NO");

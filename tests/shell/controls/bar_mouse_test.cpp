@@ -121,6 +121,13 @@ TEST_F(BarMouseTest, DragChangesOnceAtItsRelease) {
   EXPECT_EQ(changes, std::vector<int>{100});
 }
 
+TEST_F(BarMouseTest, HeldEndButtonRestsWhileTheMouseIsOutsideTheBar) {
+  Press(EndButton());
+  Drag(EndButton() + QPoint(0, 500));
+  TimerGoesOff();
+  EXPECT_EQ(changes, std::vector<int>{51});
+}
+
 TEST_F(BarMouseTest, DragShowsTheThumbWhereItIsHeld) {
   Press(Middle());
   const QImage before = bar->grab().toImage();

@@ -13,6 +13,11 @@ struct SliderTest : testing::Test, GateBench {
     slider.resize(slider.sizeHint());
     slider.on_change = [this] { changes.push_back(slider.Position()); };
   }
+  void DragTo(const QPoint& to) {
+    QMouseEvent event(QEvent::MouseMove, QPointF(to), QPointF(slider.mapToGlobal(to)), Qt::NoButton,
+                      Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&slider, &event);
+  }
 };
 
 TEST_F(SliderTest, NamesComeFromATextWithCommas) {
@@ -46,6 +51,31 @@ TEST_F(SliderTest, DragChangesOnceAtItsRelease) {
   QTest::mouseRelease(&slider, Qt::LeftButton, Qt::NoModifier,
                       start + QPoint(slider.width() + 50, 0));
   EXPECT_EQ(changes, std::vector<int>{2});
+}
+
+TEST_F(SliderTest, DragShowsTheKnobWhereItIsHeld) {
+  const QPoint start(5, slider.height() / 2);
+  QTest::mousePress(&slider, Qt::LeftButton, Qt::NoModifier, start);
+  const QImage before = slider.grab().toImage();
+  DragTo(QPoint(slider.width() - 5, slider.height() / 2));
+  EXPECT_NE(slider.grab().toImage(), before);
+  EXPECT_TRUE(changes.empty());
+}
+
+TEST_F(SliderTest, MouseThatPassesWithoutAPressShowsNothing) {
+  const QImage before = slider.grab().toImage();
+  DragTo(QPoint(slider.width() - 5, slider.height() / 2));
+  EXPECT_EQ(slider.grab().toImage(), before);
+}
+
+TEST_F(SliderTest, OtherButtonsDoNothing) {
+  const QPoint end(slider.width() - 5, slider.height() / 2);
+  const QImage before = slider.grab().toImage();
+  QTest::mouseClick(&slider, Qt::RightButton, Qt::NoModifier, end);
+  EXPECT_EQ(slider.grab().toImage(), before);
+  QTest::mousePress(&slider, Qt::LeftButton, Qt::NoModifier, end);
+  QTest::mouseClick(&slider, Qt::RightButton, Qt::NoModifier, end);
+  EXPECT_TRUE(changes.empty());
 }
 
 TEST_F(SliderTest, ClosingItEndsADrag) {
