@@ -16,6 +16,7 @@
 #include "shell/language_files.h"
 #include "shell/main_menu.h"
 #include "shell/page_host.h"
+#include "shell/page_sizes.h"
 #include "shell/program_gate.h"
 #include "shell/status_panels.h"
 #include "shell/western_text.h"
@@ -26,9 +27,9 @@ namespace {
 // The program that goes on where this one ends; it lies in the parent folder.
 constexpr const char* kSibling = "ARDENZA.EXE";
 
-// Room for the widest page, in heights of a line of text.
-constexpr double kFrameWidth = 73;
-constexpr double kFrameHeight = 51;
+// Room for every page.
+constexpr int kFrameCharacters = 172;
+constexpr int kFrameLines = 51;
 
 // The index in an entry's name, such as 2 in "mnuCox(2)".
 int IndexIn(const QString& entry) { return entry.section('(', 1).section(')', 0, 0).toInt(); }
@@ -45,8 +46,8 @@ MainFrame::MainFrame(Outside outside)
   menu_ = std::make_unique<MainMenu>(*menuBar(), out_.gate);
   pages_ = std::make_unique<PageHost>(out_.gate, *area, *this);
   AddFrameKeys(out_.gate, *this, *area);
-  const int line = fontMetrics().height();
-  const QSize pages(qRound(kFrameWidth * line), qRound(kFrameHeight * line));
+  const QSize pages(page_size::Pixels(kFrameCharacters, *this),
+                    kFrameLines * fontMetrics().height());
   resize(pages.expandedTo({menuBar()->sizeHint().width(), 0}));
   statusBar()->setSizeGripEnabled(false);
   panels_ = std::make_unique<StatusPanels>(*statusBar());

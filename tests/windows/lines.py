@@ -116,7 +116,7 @@ class Box:
 def message_box(title, picture):
     """A message box from a picture of it; None while it isn't drawn yet."""
     ink = ink_on(picture, main_colour(picture))
-    parts = rows(ink, 6)
+    parts = rows(ink, 4)
     if len(parts) < 2:
         return None
     upper, (below, end) = ink.crop((0, 0, ink.width, parts[-2][1])), parts[-1]
