@@ -138,6 +138,10 @@ bool HasRoomForItsText(const QWidget& widget) {
     const int frame = 2 * box->style()->pixelMetric(QStyle::PM_DefaultFrameWidth);
     return box->fontMetrics().horizontalAdvance(box->text().trimmed()) + frame <= box->width();
   }
+  if (const auto* label = qobject_cast<const QLabel*>(&widget)) {
+    const QSize text = label->fontMetrics().size(Qt::TextShowMnemonic, label->text());
+    if (text.width() + 2 * label->frameWidth() > label->width()) return false;
+  }
   const bool bar = qobject_cast<const Bar*>(&widget) != nullptr;  // a long one is only nicer
   const QSize least = bar ? widget.minimumSizeHint() : widget.sizeHint();
   return widget.width() >= least.width() && widget.height() >= least.height();

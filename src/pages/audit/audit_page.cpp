@@ -13,7 +13,7 @@ namespace sorvane {
 namespace {
 
 constexpr int kCells = 3;  // caption, value and the gap before the next caption
-constexpr const char* kWidest = " 4294967.295 ";  // what a box has room for
+constexpr const char* kWidest = "  4294967.295  ";  // what a box has room for
 
 // The bordered box of a value. It can be reached and copied by keys, and shows that it has them.
 class ValueBox : public QLabel {
@@ -24,9 +24,15 @@ class ValueBox : public QLabel {
     setFocusPolicy(Qt::StrongFocus);
     setFrameStyle(QFrame::Panel | QFrame::Sunken);
     setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    setMinimumWidth(fontMetrics().horizontalAdvance(kWidest) + 2 * frameWidth());
     setBackgroundRole(QPalette::Base);
     setAutoFillBackground(true);
+  }
+
+  // The same whatever stands in it, so that nothing moves when a value comes.
+  QSize minimumSizeHint() const override { return sizeHint(); }
+  QSize sizeHint() const override {
+    const int room = fontMetrics().horizontalAdvance(kWidest) + 2 * frameWidth();
+    return {room, QLabel::sizeHint().height()};
   }
 
  protected:
