@@ -203,13 +203,8 @@ INSTANTIATE_TEST_SUITE_P(Faults, Matrix,
                                           testing::Values(Rig::Wire::kByteByByte,
                                                           Rig::Wire::kGathering)),
                          [](const auto& one) {
-                           std::string name = std::get<0>(one.param).name;
-                           name += '_';
-                           for (const char c : std::string(std::get<1>(one.param))) {
-                             if (c != ' ') name += c;
-                           }
-                           const bool gathers = std::get<2>(one.param) == Rig::Wire::kGathering;
-                           return name + (gathers ? "_Gathered" : "_ByteByByte");
+                           return CaseName(std::get<0>(one.param).name, std::get<1>(one.param),
+                                           std::get<2>(one.param));
                          });
 
 }  // namespace

@@ -114,12 +114,8 @@ INSTANTIATE_TEST_SUITE_P(Questions, Identification,
                                           testing::Values(Rig::Wire::kByteByByte,
                                                           Rig::Wire::kGathering)),
                          [](const auto& one) {
-                           std::string name = "Question" + std::to_string(std::get<0>(one.param));
-                           for (const char c : std::string(std::get<1>(one.param))) {
-                             if (c != ' ') name += c;
-                           }
-                           const bool gathers = std::get<2>(one.param) == Rig::Wire::kGathering;
-                           return name + (gathers ? "_Gathered" : "_ByteByByte");
+                           return CaseName("Question" + std::to_string(std::get<0>(one.param)),
+                                           std::get<1>(one.param), std::get<2>(one.param));
                          });
 
 }  // namespace

@@ -320,4 +320,12 @@ std::string Rig::RecordDifference(int parameter) {
   return words;
 }
 
+std::string CaseName(const std::string& what, const std::string& fault, Rig::Wire wire) {
+  std::string name = what + '_';
+  for (const char c : fault) {
+    if (c != ' ') name += c;
+  }
+  return name + (wire == Rig::Wire::kGathering ? "_Gathered" : "_ByteByByte");
+}
+
 }  // namespace sorvane::test::faults

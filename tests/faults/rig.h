@@ -119,4 +119,7 @@ class Rig {
   bool well_ = true;
 };
 
+// The name of a test that plays a fault against what it meets.
+std::string CaseName(const std::string& what, const std::string& fault, Rig::Wire wire);
+
 }  // namespace sorvane::test::faults

@@ -11,7 +11,7 @@ from wait import PATIENCE
 EXCHANGE = ("read ", "write ", "no parameter", "bad checksum", "half a request", "line ")
 
 
-class Board:
+class Board(offspring.Running):
     """SorvaneBoard of a program folder, worked by its lines.
 
     The line COM1 stands in the folder when it has been made. Raises RuntimeError if the board
@@ -19,9 +19,9 @@ class Board:
     """
 
     def __init__(self, folder, environment, *arguments):
-        self._process = offspring.start(
+        super().__init__(offspring.start(
             [str(folder / "SorvaneBoard"), *arguments], env=environment, text=True,
-            stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
+            stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.STDOUT))
         self._lines = queue.Queue()
         threading.Thread(target=self._read, daemon=True).start()
         first = self._next_line()
@@ -51,18 +51,6 @@ class Board:
         if line.startswith("error"):
             raise RuntimeError(f"{command}: {line}")
         return line
-
-    @property
-    def process_id(self):
-        return self._process.pid
-
-    def is_running(self):
-        return self._process.poll() is None
-
-    @property
-    def exit_code(self):
-        """None while it runs; the negative number of a signal that ended it."""
-        return self._process.poll()
 
     def holds(self, parameter):
         """The number that stands in the board's memory."""

@@ -28,6 +28,25 @@ def start(command, **options):
     return subprocess.Popen(command, preexec_fn=_die_with_parent, **options)
 
 
+class Running:
+    """What there is to ask of a started program."""
+
+    def __init__(self, process):
+        self._process = process
+
+    @property
+    def process_id(self):
+        return self._process.pid
+
+    def is_running(self):
+        return self._process.poll() is None
+
+    @property
+    def exit_code(self):
+        """None while it runs; the negative number of a signal that ended it."""
+        return self._process.poll()
+
+
 def descendants():
     """The running processes below this one, as {process id: command line}."""
     parents = {}

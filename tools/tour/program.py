@@ -19,16 +19,16 @@ class Box:
     buttons: tuple
 
 
-class Program:
+class Program(offspring.Running):
     """Sorvane, started from its folder on a desk."""
 
     def __init__(self, desk, folder):
         self._desk = desk
         self.complaints = folder.parent / f"{folder.name}.stderr"
         with open(self.complaints, "ab") as complaints:
-            self._process = offspring.start(
+            super().__init__(offspring.start(
                 [str(folder / "Sorvane")], env=desk.environment, cwd="/",
-                stdin=subprocess.DEVNULL, stdout=complaints, stderr=complaints)
+                stdin=subprocess.DEVNULL, stdout=complaints, stderr=complaints))
 
     # The windows.
 
@@ -197,18 +197,6 @@ class Program:
         wait_for(f"end of page {page.name}", lambda: not page.has("showing"))
 
     # The end.
-
-    @property
-    def process_id(self):
-        return self._process.pid
-
-    def is_running(self):
-        return self._process.poll() is None
-
-    @property
-    def exit_code(self):
-        """None while it runs; the negative number of a signal that ended it."""
-        return self._process.poll()
 
     def close_frame(self):
         """Closes the main frame: by keys if it is in front, by its close button if it isn't."""
