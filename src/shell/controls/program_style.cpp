@@ -9,7 +9,7 @@
 #include <QStyleOption>
 #include <QWidget>
 #include <algorithm>
-#include <vector>
+#include <array>
 
 #include "shell/controls/painted_control.h"
 
@@ -33,14 +33,14 @@ int Lines(double lines, const QWidget* widget) {
 // A button of a child window's bar and the strokes of its sign, in a square from -1 to 1.
 struct TitleButton {
   QStyle::SubControl part;
-  std::vector<QLineF> sign;
+  std::array<QLineF, 4> sign;  // null lines behind those it needs
 };
 
-const std::vector<TitleButton> kTitleButtons = {
-    {QStyle::SC_TitleBarMinButton, {{-1, 0.8, 1, 0.8}}},
+constexpr TitleButton kTitleButtons[] = {
+    {QStyle::SC_TitleBarMinButton, {{{-1, 0.8, 1, 0.8}}}},
     {QStyle::SC_TitleBarNormalButton,
-     {{-1, -1, 1, -1}, {1, -1, 1, 1}, {1, 1, -1, 1}, {-1, 1, -1, -1}}},
-    {QStyle::SC_TitleBarCloseButton, {{-1, -1, 1, 1}, {-1, 1, 1, -1}}}};
+     {{{-1, -1, 1, -1}, {1, -1, 1, 1}, {1, 1, -1, 1}, {-1, 1, -1, -1}}}},
+    {QStyle::SC_TitleBarCloseButton, {{{-1, -1, 1, 1}, {-1, 1, 1, -1}}}}};
 
 constexpr double kSign = 0.22;  // half of a sign's width, in heights of its button
 
@@ -58,6 +58,7 @@ void DrawTitleButton(QPainter& painter, const QStyleOptionTitleBar& bar, const T
   const double size = kSign * place.height();
   painter.setPen(QPen(ink, std::max(1.5, place.height() / 10), Qt::SolidLine, Qt::RoundCap));
   for (const QLineF& stroke : button.sign) {
+    if (stroke.isNull()) continue;
     painter.drawLine(place.center() + stroke.p1() * size, place.center() + stroke.p2() * size);
   }
 }
