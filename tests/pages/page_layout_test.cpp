@@ -140,7 +140,8 @@ bool HasRoomForItsText(const QWidget& widget) {
   }
   if (const auto* label = qobject_cast<const QLabel*>(&widget)) {
     const QSize text = label->fontMetrics().size(Qt::TextShowMnemonic, label->text());
-    if (text.width() + 2 * label->frameWidth() > label->width()) return false;
+    const QSize room = label->size() - 2 * QSize(label->frameWidth(), label->frameWidth());
+    if (text.boundedTo(room) != text) return false;
   }
   const bool bar = qobject_cast<const Bar*>(&widget) != nullptr;  // a long one is only nicer
   const QSize least = bar ? widget.minimumSizeHint() : widget.sizeHint();

@@ -31,8 +31,8 @@ class ValueBox : public QLabel {
   // The same whatever stands in it, so that nothing moves when a value comes.
   QSize minimumSizeHint() const override { return sizeHint(); }
   QSize sizeHint() const override {
-    const int room = fontMetrics().horizontalAdvance(kWidest) + 2 * frameWidth();
-    return {room, QLabel::sizeHint().height()};
+    const QSize room(fontMetrics().horizontalAdvance(kWidest), fontMetrics().lineSpacing());
+    return room + 2 * QSize(frameWidth(), frameWidth());
   }
 
  protected:
