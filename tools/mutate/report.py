@@ -14,7 +14,7 @@ condition or statement of these sources at a time, builds `tests/board` and `tes
 them until one fails. A mutant that no test notices shows a behaviour that nobody tests, or one that can't
 be noticed from outside.
 
-`scripts/mutate` wrote this page, in about half an hour on two cores. With `--survivors` it tries those again
+`scripts/mutate` wrote this page, in a few minutes on two idle cores. With `--survivors` it tries those again
 that survived the last time, after a test was added; with `--count 20` it takes a sample, in a minute or two.
 
 - A mutant that doesn't compile isn't counted.
