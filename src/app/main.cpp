@@ -86,8 +86,10 @@ int main(int argc, char** argv) {
                    .find_usb_port = FindSystemUsbPort,
                    .start_program = [](const std::filesystem::path& path) { StartProgram(path); }});
   dialogs->SetFrame(&frame);
-  // In a large font the pages ask for more than a small screen has.
-  frame.resize(frame.size().boundedTo(frame.screen()->availableSize()));
+  // In a large font the pages ask for more than a small screen has; the frame's own title takes
+  // some of that, too.
+  const QSize title(0, 2 * frame.fontMetrics().height());
+  frame.resize(frame.size().boundedTo(frame.screen()->availableSize() - title));
 
   // Start-up may end the program, which only a running event loop can do.
   QTimer::singleShot(0, &frame, gate.Wrap([&] { frame.Load(); }));

@@ -56,7 +56,8 @@ class AuditPage : public Page {
   };
 
   void AddGroup(QGridLayout& cells, const AuditGroup& group);
-  // Adds a row's caption and value to the first free cells of a line of the grid.
+  // Adds a row's caption and value behind those that stand in the grid, so many side by side as
+  // there are columns.
   void AddRow(QGridLayout& grid, QWidget& parent, const AuditRow& row, int i, int columns);
 
   int title_message_;
