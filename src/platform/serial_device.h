@@ -2,16 +2,28 @@
 
 #include <cstddef>
 #include <filesystem>
-#include <functional>
 #include <memory>
 
 #include "board/reply.h"
 
 namespace sorvane {
 
+// Who is told of what happens at a serial device.
+class SerialDeviceListener {
+ public:
+  virtual ~SerialDeviceListener() = default;
+
+  // Bytes have been read. Comes from the event loop, as the device's last act in that event, so
+  // that every call is allowed, and the device may be closed.
+  virtual void OnBytes() = 0;
+
+  // The device has vanished. Comes once, also from within a call, so that it may only be noted;
+  // behind it come no bytes but those that were read before.
+  virtual void OnLost() = 0;
+};
+
 // One opening of a serial device, up to the close at its end. Opening and closing throw away what
-// lies in its buffers. Its events come from within the device, a loss also from within a call:
-// their handlers only note them.
+// lies in its buffers.
 class SerialDevice {
  public:
   virtual ~SerialDevice() = default;
@@ -23,16 +35,11 @@ class SerialDevice {
   // Bytes that have been read and not been taken.
   virtual std::size_t Available() const = 0;
   virtual Bytes TakeAll() = 0;
-
-  // Called when bytes have been read.
-  std::function<void()> on_bytes;
-
-  // Called once, when the device has vanished. Nothing is called after it.
-  std::function<void()> on_lost;
 };
 
 // Opens the serial port of a number, 1 or more; folder is the program's. Throws RuntimeError kPort
 // for a device that is missing, held, or no serial port.
-std::unique_ptr<SerialDevice> OpenSerialDevice(const std::filesystem::path& folder, int number);
+std::unique_ptr<SerialDevice> OpenSerialDevice(const std::filesystem::path& folder, int number,
+                                               SerialDeviceListener& listener);
 
 }  // namespace sorvane

@@ -10,9 +10,7 @@
 namespace sorvane {
 namespace {
 
-// What the device tells is only noted; what follows from it is a posted event. So no call of the
-// program ever comes from within the device, which could neither deliver nor close there.
-class SerialPort : public QObject, public Port {
+class SerialPort : public QObject, public Port, private SerialDeviceListener {
  public:
   SerialPort(std::filesystem::path folder, EnterEvent enter)
       : folder_(std::move(folder)), enter_(std::move(enter)) {}
@@ -26,12 +24,9 @@ class SerialPort : public QObject, public Port {
 
   void Open() override {
     if (open_) throw RuntimeError(ErrorCode::kPort);
-    device_ = OpenSerialDevice(folder_, number_);
+    device_ = OpenSerialDevice(folder_, number_, *this);
     open_ = true;
     ++opening_;
-    device_->on_bytes = [this] { OnBytes(); };
-    // A device that vanished would raise errors without end.
-    device_->on_lost = [this] { Post([this] { device_.reset(); }); };
   }
 
   void Close() override {
@@ -49,25 +44,23 @@ class SerialPort : public QObject, public Port {
   Bytes Input() override { return device_ ? device_->TakeAll() : Bytes(); }
 
  private:
-  void OnBytes() {
-    Post([this] {
-      // The bytes may have been taken meanwhile; an event without any would count as a reply.
-      if (InBufferCount() > 0 && on_comm) enter_([this] { on_comm(kCommEventReceive); });
-    });
+  void OnBytes() override {
+    if (on_comm) enter_([this] { on_comm(kCommEventReceive); });
   }
 
-  // Runs handler in an event of its own, unless the device has been closed by then.
-  void Post(std::function<void()> handler) {
-    const auto run = [this, opening = opening_, handler = std::move(handler)] {
-      if (device_ && opening == opening_) handler();
+  // A device that vanished would raise errors without end. It is closed in an event of its own,
+  // since it may be at work right now, unless it has been closed by then.
+  void OnLost() override {
+    const auto close = [this, opening = opening_] {
+      if (opening == opening_) device_.reset();
     };
-    QMetaObject::invokeMethod(this, run, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(this, close, Qt::QueuedConnection);
   }
 
   std::filesystem::path folder_;
   EnterEvent enter_;
   int number_ = 1;
-  int opening_ = 0;  // tells the events of one opening from those of the next
+  int opening_ = 0;  // tells the loss of one opening's device from that of the next
   bool open_ = false;
   std::unique_ptr<SerialDevice> device_;  // none while closed or vanished
 };

@@ -13,8 +13,9 @@ using EnterEvent = std::function<void(const std::function<void()>& handler)>;
 
 // The computer's serial port, closed. folder is the program's, where on Linux a link can name the
 // device.
-// Needs an event loop; Port tells the rest. Receptions come as events of their own, never within a
-// call of the port, so that every call is allowed in their handler.
+// Needs an event loop; Port tells the rest. Receptions come from the event loop, never within a
+// call of the port, and every call is allowed in their handler. A handler runs no event loop: on
+// Windows nothing is received in it.
 std::unique_ptr<Port> MakeSerialPort(const std::filesystem::path& folder, EnterEvent enter);
 
 }  // namespace sorvane

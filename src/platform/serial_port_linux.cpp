@@ -61,7 +61,8 @@ bool WouldWait() { return errno == EAGAIN || errno == EINTR; }
 
 class LinuxSerialDevice : public SerialDevice {
  public:
-  explicit LinuxSerialDevice(const std::filesystem::path& device) : file_(device) {
+  LinuxSerialDevice(const std::filesystem::path& device, SerialDeviceListener& listener)
+      : listener_(listener), file_(device) {
     if (!SetLine(file_.Number())) throw RuntimeError(ErrorCode::kPort);
     // A pseudo-terminal would stay in exclusive mode after a program that was killed, and turn the
     // next one away.
@@ -89,7 +90,7 @@ class LinuxSerialDevice : public SerialDevice {
     const ssize_t count = read(file_.Number(), piece.data(), piece.size());
     if (count > 0) {
       received_.insert(received_.end(), piece.begin(), piece.begin() + count);
-      on_bytes();
+      listener_.OnBytes();
     } else if (count == 0 || !WouldWait()) {
       Lose();
     }
@@ -113,9 +114,10 @@ class LinuxSerialDevice : public SerialDevice {
     if (std::exchange(lost_, true)) return;
     arrival_.setEnabled(false);
     room_.setEnabled(false);
-    on_lost();
+    listener_.OnLost();
   }
 
+  SerialDeviceListener& listener_;
   DeviceFile file_;
   QSocketNotifier arrival_{file_.Number(), QSocketNotifier::Read};
   QSocketNotifier room_{file_.Number(), QSocketNotifier::Write};
@@ -126,8 +128,9 @@ class LinuxSerialDevice : public SerialDevice {
 
 }  // namespace
 
-std::unique_ptr<SerialDevice> OpenSerialDevice(const std::filesystem::path& folder, int number) {
-  return std::make_unique<LinuxSerialDevice>(ComPortPath(folder, number));
+std::unique_ptr<SerialDevice> OpenSerialDevice(const std::filesystem::path& folder, int number,
+                                               SerialDeviceListener& listener) {
+  return std::make_unique<LinuxSerialDevice>(ComPortPath(folder, number), listener);
 }
 
 }  // namespace sorvane

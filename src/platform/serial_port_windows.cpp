@@ -123,7 +123,8 @@ class Request {
 // the driver's buffer behind that byte is read with it.
 class WindowsSerialDevice : public SerialDevice {
  public:
-  explicit WindowsSerialDevice(int number) : port_(OpenAlone(number)) {
+  WindowsSerialDevice(int number, SerialDeviceListener& listener)
+      : listener_(listener), port_(OpenAlone(number)) {
     COMMTIMEOUTS none{};
     const bool ready = SetupComm(port_.get(), kReceiveBuffer, kTransmitBuffer) &&
                        SetLine(port_.get()) && SetCommTimeouts(port_.get(), &none) &&
@@ -153,8 +154,8 @@ class WindowsSerialDevice : public SerialDevice {
   void OnArrival() {
     const std::size_t before = received_.size();
     const bool there = FinishRead() && ReadRest() && StartRead();
-    if (received_.size() > before) on_bytes();
     if (!there) Lose();
+    if (received_.size() > before) listener_.OnBytes();
   }
 
   bool FinishRead() {
@@ -195,9 +196,10 @@ class WindowsSerialDevice : public SerialDevice {
     if (std::exchange(lost_, true)) return;
     read_.Silence();
     write_.Silence();
-    on_lost();
+    listener_.OnLost();
   }
 
+  SerialDeviceListener& listener_;
   Handle port_;
   Request read_{port_.get()};
   Request write_{port_.get()};
@@ -210,8 +212,9 @@ class WindowsSerialDevice : public SerialDevice {
 
 }  // namespace
 
-std::unique_ptr<SerialDevice> OpenSerialDevice(const std::filesystem::path&, int number) {
-  return std::make_unique<WindowsSerialDevice>(number);
+std::unique_ptr<SerialDevice> OpenSerialDevice(const std::filesystem::path&, int number,
+                                               SerialDeviceListener& listener) {
+  return std::make_unique<WindowsSerialDevice>(number, listener);
 }
 
 }  // namespace sorvane

@@ -3,8 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <QDeadlineTimer>
-#include <QMetaObject>
-#include <QObject>
 #include <chrono>
 #include <functional>
 #include <memory>
@@ -82,29 +80,11 @@ class SerialPortTest : public ::testing::Test {
     }
   }
 
-  // Runs act in the moment in which bytes lie in the port's buffer and their event is still to
-  // come.
-  void ActBeforeTheEvent(const std::function<void()>& act) {
-    bool acted = false;
-    std::function<void()> watch = [&] {
-      if (port_->InBufferCount() == 0) {
-        QMetaObject::invokeMethod(&context_, watch, Qt::QueuedConnection);
-        return;
-      }
-      EXPECT_EQ(events_, 0);
-      act();
-      acted = true;
-    };
-    watch();
-    EXPECT_TRUE(RunUntil([&] { return acted; }));
-  }
-
   TestLine line_;
   bool gate_open_ = true;
   int entered_ = 0;
   int events_ = 0;
   Bytes received_;
-  QObject context_;
   std::unique_ptr<Port> port_ = MakePort();
 };
 

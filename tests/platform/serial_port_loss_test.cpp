@@ -64,8 +64,12 @@ TEST_F(VanishedPortTest, OutputOnTheWayIsSwallowed) {
 }
 
 TEST_F(VanishedPortTest, BytesThatCameBeforeAreStillDelivered) {
+  port_->on_comm = [this](int) {
+    line_.Vanish();
+    port_->Output({3});  // notices the loss
+    received_ = port_->Input();
+  };
   line_.Send({1, 2});
-  ActBeforeTheEvent([&] { line_.Vanish(); });
   EXPECT_TRUE(RunUntil([&] { return !line_.IsOpen(); }));
   EXPECT_EQ(received_, (Bytes{1, 2}));
 }
