@@ -32,12 +32,18 @@ function(sorvane_common target)
   endif()
 endfunction()
 
-# Lets libFuzzer see which way a library's code takes; what drives it isn't watched. Comparisons aren't
-# either: the targets know right answers by themselves, and it would take half of the speed.
-function(sorvane_fuzzed target)
+# What the libraries of the floors are built with besides. Lets libFuzzer see which way their code takes;
+# what drives it isn't watched. Comparisons aren't either: the targets know right answers by themselves,
+# and it would take half of the speed.
+function(sorvane_floor_library target)
+  sorvane_common(${target})
   if(SORVANE_FUZZ)
     target_compile_options(${target} PRIVATE
       -fsanitize=fuzzer-no-link -fno-sanitize-coverage=trace-cmp)
+  endif()
+  if(SORVANE_COVERAGE)
+    target_compile_options(${target} PRIVATE -O0 --coverage)
+    target_link_options(${target} PUBLIC --coverage)
   endif()
 endfunction()
 
@@ -50,12 +56,7 @@ function(sorvane_floor floor)
   file(CREATE_LINK ${CMAKE_CURRENT_SOURCE_DIR} ${root}/${floor} SYMBOLIC)
   add_library(sorvane_${floor} STATIC ${ARG_SOURCES})
   target_include_directories(sorvane_${floor} PUBLIC ${root})
-  sorvane_common(sorvane_${floor})
-  sorvane_fuzzed(sorvane_${floor})
-  if(SORVANE_COVERAGE)
-    target_compile_options(sorvane_${floor} PRIVATE -O0 --coverage)
-    target_link_options(sorvane_${floor} PUBLIC --coverage)
-  endif()
+  sorvane_floor_library(sorvane_${floor})
 endfunction()
 
 # Cases with widgets run on Qt's offscreen platform, which finds no font by itself on Windows.
