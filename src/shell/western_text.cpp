@@ -32,6 +32,7 @@ constexpr std::array<char16_t, 256> kCharacters = MakeCharacters();
 char16_t ToCharacter(char byte) { return kCharacters[static_cast<unsigned char>(byte)]; }
 
 std::optional<char> ToByteOfSet(char32_t character) {
+  if (character < kFirstOwn) return static_cast<char>(character);
   const auto found = std::find(kCharacters.begin(), kCharacters.end(), character);
   if (found == kCharacters.end()) return std::nullopt;
   return static_cast<char>(found - kCharacters.begin());
