@@ -61,8 +61,9 @@ class Desk:
 
     def _start_display(self, screen):
         reader, writer = os.pipe()
+        # A display that starts anew when its last client leaves turns others away meanwhile.
         self._start(["Xvfb", "-displayfd", str(writer), "-screen", "0", screen,
-                     "-nolisten", "tcp"], pass_fds=[writer], stdout=self._log)
+                     "-nolisten", "tcp", "-noreset"], pass_fds=[writer], stdout=self._log)
         os.close(writer)
         with open(reader, encoding="ascii") as numbers:
             number = numbers.readline().strip()
