@@ -32,9 +32,9 @@ function(sorvane_common target)
   endif()
 endfunction()
 
-# What the libraries of the floors are built with besides. Lets libFuzzer see which way their code takes;
-# what drives it isn't watched. Comparisons aren't either: the targets know right answers by themselves,
-# and it would take half of the speed.
+# What the libraries of the floors are built with. Lets libFuzzer see which way their code takes; what
+# drives it isn't watched. Comparisons aren't either: the targets know right answers by themselves, and
+# it would take half of the speed. Where coverage is asked for, their lines and branches are counted.
 function(sorvane_floor_library target)
   sorvane_common(${target})
   if(SORVANE_FUZZ)
