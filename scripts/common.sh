@@ -24,6 +24,11 @@ coverage_packages=(gcovr)
 # Compiling again what was compiled before costs next to nothing.
 export CMAKE_CXX_COMPILER_LAUNCHER=ccache
 
+# Runs a command with the rights of the administrator.
+become_root() {
+  if [ "$(id -u)" -eq 0 ]; then "$@"; else sudo "$@"; fi
+}
+
 # Installs those of the packages given that are missing.
 install_packages() {
   local missing=() package
@@ -33,10 +38,8 @@ install_packages() {
   done
   [ ${#missing[@]} -eq 0 ] && return
   echo "Installing ${missing[*]}"
-  local become=()
-  [ "$(id -u)" -eq 0 ] || become=(sudo)
-  "${become[@]}" apt-get update -qq
-  DEBIAN_FRONTEND=noninteractive "${become[@]}" apt-get install -y -qq --no-install-recommends \
+  become_root apt-get update -qq
+  become_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends \
     "${missing[@]}" >/dev/null
 }
 
