@@ -65,14 +65,20 @@ set(SORVANE_TEST_ENVIRONMENT ${SORVANE_QT}_QPA_PLATFORM=offscreen
   LC_ALL=C.UTF-8 ASAN_OPTIONS=detect_leaks=0)
 
 # A test program with GoogleTest cases. Each case becomes a test of CTest; no cases at all is an
-# error of the build.
+# error of the build. With OWN_TERMINALS it shares no pseudo-terminals with other programs of the
+# machine.
 function(sorvane_test name)
-  cmake_parse_arguments(ARG "" "" "SOURCES;LIBRARIES" ${ARGN})
+  cmake_parse_arguments(ARG "OWN_TERMINALS" "" "SOURCES;LIBRARIES" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
   target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
   target_link_libraries(${name} PRIVATE ${ARG_LIBRARIES} GTest::gmock GTest::gtest)
   sorvane_common(${name})
-  add_test(NAME ${name} COMMAND ${name})
+  if(ARG_OWN_TERMINALS)
+    add_test(NAME ${name} COMMAND /usr/bin/python3 ${CMAKE_SOURCE_DIR}/tests/support/own_terminals.py
+      $<TARGET_FILE:${name}>)
+  else()
+    add_test(NAME ${name} COMMAND ${name})
+  endif()
   set_tests_properties(${name} PROPERTIES TIMEOUT 300
     ENVIRONMENT "${SORVANE_TEST_ENVIRONMENT}")
 endfunction()
