@@ -1,6 +1,6 @@
 #pragma once
 
-// What shell, pages and app include most, parsed once for all of them. Every source names what it
+// What shell and pages include most, parsed once for all of them. Every source names what it
 // uses all the same: the preset plain compiles without this header.
 
 #include <QApplication>
