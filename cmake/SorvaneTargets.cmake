@@ -47,6 +47,19 @@ function(sorvane_floor_library target)
   endif()
 endfunction()
 
+# Has the headers that a header of the target includes parsed once for all its sources, which takes two
+# thirds of the time off a source with widgets. Where the second target is given, what was parsed for
+# that one is taken; both must be compiled alike.
+function(sorvane_precompile target header)
+  if(SORVANE_PRECOMPILE)
+    if(TARGET ${header})
+      target_precompile_headers(${target} REUSE_FROM ${header})
+    else()
+      target_precompile_headers(${target} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}/${header})
+    endif()
+  endif()
+endfunction()
+
 # Gives a floor an include root of its own, which holds nothing but "<floor>/...": a floor sees the
 # headers of those floors that it links, and a wrong include fails to build.
 function(sorvane_floor floor)
@@ -62,23 +75,45 @@ endfunction()
 # Cases with widgets run on Qt's offscreen platform, which finds no font by itself on Windows.
 set(SORVANE_TEST_ENVIRONMENT ${SORVANE_QT}_QPA_PLATFORM=offscreen
   ${SORVANE_QT}_QPA_FONTDIR=${SORVANE_DRIVE}/usr/share/fonts/truetype/dejavu
-  LC_ALL=C.UTF-8 ASAN_OPTIONS=detect_leaks=0)
+  LC_ALL=C.UTF-8)
+# What Qt's widgets, fonts and platforms keep to the end of a program isn't the program's to free.
+set(SORVANE_WIDGET_TEST_ENVIRONMENT ${SORVANE_TEST_ENVIRONMENT} ASAN_OPTIONS=detect_leaks=0)
 
-# A test program with GoogleTest cases. Each case becomes a test of CTest; no cases at all is an
-# error of the build. With OWN_TERMINALS it shares no pseudo-terminals with other programs of the
-# machine.
+# What code of tests is built with. With widgets it takes far longer to compile than to run; without,
+# there are models that play a million exchanges.
+function(sorvane_test_code target)
+  cmake_parse_arguments(ARG "WIDGETS" "" "" ${ARGN})
+  sorvane_common(${target})
+  target_compile_options(${target} PRIVATE $<IF:$<BOOL:${ARG_WIDGETS}>,-O0,-O1>)
+endfunction()
+
+# A test program with GoogleTest cases, which is one test of CTest. Its main function fails where there
+# is no case to run. WIDGETS says that it has widgets, and PLAIN that it has nothing of Qt: both share
+# precompiled headers with their kind. With OWN_TERMINALS it shares no pseudo-terminals with other
+# programs of the machine.
 function(sorvane_test name)
-  cmake_parse_arguments(ARG "OWN_TERMINALS" "" "SOURCES;LIBRARIES" ${ARGN})
+  cmake_parse_arguments(ARG "WIDGETS;PLAIN;OWN_TERMINALS" "" "SOURCES;LIBRARIES" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
   target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
   target_link_libraries(${name} PRIVATE ${ARG_LIBRARIES} GTest::gmock GTest::gtest)
-  sorvane_common(${name})
+  set(environment "${SORVANE_TEST_ENVIRONMENT}")
+  if(ARG_WIDGETS)
+    set(environment "${SORVANE_WIDGET_TEST_ENVIRONMENT}")
+    target_link_libraries(${name} PRIVATE sorvane_qt_test_main)
+    sorvane_test_code(${name} WIDGETS)
+    sorvane_precompile(${name} sorvane_qt_test_main)
+  else()
+    sorvane_test_code(${name})
+  endif()
+  if(ARG_PLAIN)
+    target_link_libraries(${name} PRIVATE sorvane_plain_test_main)
+    sorvane_precompile(${name} sorvane_plain_test_main)
+  endif()
   if(ARG_OWN_TERMINALS)
     add_test(NAME ${name} COMMAND /usr/bin/python3 ${CMAKE_SOURCE_DIR}/tests/support/own_terminals.py
       $<TARGET_FILE:${name}>)
   else()
     add_test(NAME ${name} COMMAND ${name})
   endif()
-  set_tests_properties(${name} PROPERTIES TIMEOUT 300
-    ENVIRONMENT "${SORVANE_TEST_ENVIRONMENT}")
+  set_tests_properties(${name} PROPERTIES TIMEOUT 300 ENVIRONMENT "${environment}")
 endfunction()

@@ -1,28 +1,36 @@
 # What the commands share. Sourced, with the repository's root as $root.
 
-# Everything that building, testing and showing the program takes, from Debian.
-packages=(
-  cmake ninja-build g++ clang libclang-rt-14-dev clang-format clang-tidy clazy ccache
-  qt6-base-dev qt6-base-dev-tools libcli11-dev libgtest-dev libgmock-dev libmodbus-dev libxcb1-dev
-  libgl-dev libvulkan-dev
-  xvfb openbox xdotool x11-utils imagemagick fonts-dejavu-core
-  dbus at-spi2-core python3 python3-gi gir1.2-atspi-2.0 pandoc
+# What the commands take, from Debian. The program on a desktop:
+program_packages=(cmake ninja-build g++ qt6-base-dev qt6-base-dev-tools libcli11-dev fonts-dejavu-core)
+
+# A virtual display, and keys and eyes for it.
+desk_packages=(
+  xvfb openbox xdotool x11-utils imagemagick dbus at-spi2-core python3 python3-gi gir1.2-atspi-2.0
 )
 
-# The same for the Debian package.
+# The tests of the release.
+test_packages=("${program_packages[@]}" "${desk_packages[@]}" libgtest-dev libgmock-dev pandoc)
+
+# Building with Clang and its sanitizers, as the fuzz targets are.
+clang_packages=(clang libclang-rt-14-dev)
+
+# The measures of the speed.
+bench_packages=(libmodbus-dev libxcb1-dev)
+
+# The checks of the sources.
+check_packages=(clang-format clang-tidy clazy)
+
+# The Debian package.
 debian_packages=(dpkg-dev desktop-file-utils appstream shellcheck lintian)
 
-# The same for the Windows program.
+# The Windows program.
 windows_packages=(
   g++-mingw-w64-x86-64-posix dpkg-dev wine wine64 nsis fonts-liberation icoutils
   python3-pil python3-xlib python3-tesserocr tesseract-ocr-eng tesseract-ocr-fra
 )
 
-# The same for counting what the tests run.
+# Counting what the tests run.
 coverage_packages=(gcovr)
-
-# Compiling again what was compiled before costs next to nothing.
-export CMAKE_CXX_COMPILER_LAUNCHER=ccache
 
 # Runs a command with the rights of the administrator.
 become_root() {
@@ -43,36 +51,52 @@ install_packages() {
     "${missing[@]}" >/dev/null
 }
 
-# Configures a preset and builds the targets given, or all.
+# Configures a preset; prints what CMake says only if it fails.
+configure() {
+  cmake --preset "$1" >"$root/build/$1.configure.log" 2>&1 || {
+    cat "$root/build/$1.configure.log"
+    return 1
+  }
+}
+
+# Configures a preset and builds the targets given, or those of the preset.
 build() {
   local preset=$1
   shift
-  cmake --preset "$preset" >"$root/build/$preset.configure.log" 2>&1 || {
-    cat "$root/build/$preset.configure.log"
-    return 1
-  }
+  configure "$preset" || return 1
   cmake --build --preset "$preset" ${@:+--target "$@"}
 }
 
 passed=0
 failed=0
+times=()
 
 # Runs one stage and prints how long it took.
 stage() {
-  local name=$1 start=$SECONDS
+  local name=$1 start=$SECONDS result=passed
   shift
   echo "== $name"
   if "$@"; then
     passed=$((passed + 1))
-    echo "== $name: passed in $((SECONDS - start)) s"
   else
     failed=$((failed + 1))
-    echo "== $name: FAILED after $((SECONDS - start)) s"
+    result=FAILED
   fi
+  times+=("$(printf '%4d s  %s: %s' $((SECONDS - start)) "$name" "$result")")
+  echo "== $name: $result after $((SECONDS - start)) s"
 }
 
-# Says how many stages passed; fails if any failed.
+# The same for a stage without which none of the following can pass: they are left out if it fails.
+need() {
+  stage "$@"
+  [ "$failed" -eq 0 ] || finish
+}
+
+# Tells the time of each stage, the sum, and how many stages passed. Ends the script; it fails if any
+# stage did.
 finish() {
+  printf '%s\n' "${times[@]}"
+  printf '%4d s  in all\n' "$SECONDS"
   echo "$passed passed, $failed failed"
-  [ "$failed" -eq 0 ]
+  exit "$((failed > 0))"
 }

@@ -7,6 +7,7 @@
 #include <tuple>
 
 #include "faults/rig.h"
+#include "link/frm_ser.h"
 #include "pages/model/orologio_model.h"
 #include "pages/model/prezzi_model.h"
 #include "shell/program.h"

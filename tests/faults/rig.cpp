@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "link/frm_ser.h"
 #include "simulator/faults.h"
 
 namespace sorvane::test::faults {

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "link/frm_ser.h"
 #include "link/link_state.h"
 #include "support/link_fixture.h"
 

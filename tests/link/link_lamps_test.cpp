@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "link/frm_ser.h"
 #include "support/link_fixture.h"
 
 namespace sorvane::test {

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "board/errors.h"
+#include "link/frm_ser.h"
 #include "support/link_fixture.h"
 
 namespace sorvane::test {

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "link/frm_ser.h"
 #include "link/link_engine.h"
 #include "support/link_fixture.h"
 

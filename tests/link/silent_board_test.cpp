@@ -1,3 +1,4 @@
+#include "link/frm_ser.h"
 #include "link/identification_fixture.h"
 
 namespace sorvane::test {

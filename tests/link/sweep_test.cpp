@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "link/frm_ser.h"
 #include "support/link_fixture.h"
 
 namespace sorvane::test {

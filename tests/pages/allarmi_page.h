@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "link/frm_ser.h"
 #include "pages/page_tests.h"
 #include "shell/controls/record_list.h"
 

@@ -1,5 +1,6 @@
 #include <QTest>
 
+#include "link/frm_ser.h"
 #include "pages/allarmi_page.h"
 
 namespace sorvane::test {

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "link/frm_ser.h"
 #include "shell/program.h"
 
 namespace sorvane::test {

@@ -8,6 +8,7 @@
 #include <QMenuBar>
 
 #include "board/errors.h"
+#include "link/frm_ser.h"
 #include "shell/child_form.h"
 #include "shell/program.h"
 #include "support/unwritable_file.h"

@@ -4,6 +4,8 @@
 
 #include <utility>
 
+#include "link/frm_ser.h"
+
 namespace sorvane::test {
 
 Link::Link(std::vector<IndexRecord> parameters)
@@ -12,9 +14,11 @@ Link::Link(std::vector<IndexRecord> parameters)
 Link::Link(const Setup& setup)
     : board(wire, clock),
       access(tables),
-      ser({tables, wire, lamps, dialogs, setup.timers ? setup.timers(clock.Maker()) : clock.Maker(),
-           folder.Path(), [this] { ++ended; }}),
-      rows_(setup.parameters) {
+      rows_(setup.parameters),
+      ser_(std::make_unique<FrmSer>(FrmSer::Outside{
+          tables, wire, lamps, dialogs, setup.timers ? setup.timers(clock.Maker()) : clock.Maker(),
+          folder.Path(), [this] { ++ended; }})),
+      ser(*ser_) {
   SetBoardDefaults(tables);
   folder.WriteFile("W0309.inx", FirstLevelBytes(setup.system));
   folder.WriteFile("W0309AA00.inx", SecondLevelBytes(setup.parameters));
@@ -27,6 +31,10 @@ Link::Link(const Setup& setup)
     if (on_notice) on_notice(reply);
   };
 }
+
+Link::~Link() = default;
+
+void Link::Load() { ser.Load(kChosenPort); }
 
 void Link::Connect() {
   const int before = loaded;

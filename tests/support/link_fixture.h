@@ -2,18 +2,23 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <vector>
 
 #include "board/board_tables.h"
 #include "board/parameter_access.h"
 #include "board/reply.h"
-#include "link/frm_ser.h"
 #include "link/link_lamps.h"
+#include "link/timer.h"
 #include "support/fake_dialogs.h"
 #include "support/index_files.h"
 #include "support/memory_port.h"
 #include "support/scripted_board.h"
 #include "support/virtual_clock.h"
+
+namespace sorvane {
+class FrmSer;
+}
 
 namespace sorvane::test {
 
@@ -41,6 +46,7 @@ class Link {
   Link() : Link(Setup{}) {}
   explicit Link(std::vector<IndexRecord> parameters);
   explicit Link(const Setup& setup);
+  ~Link();
 
   // Loads the connection and plays until it stands; the frames of identification are forgotten. A
   // failure of the test if it doesn't come to stand without a box. Time stops at the instant at
@@ -48,7 +54,7 @@ class Link {
   void Connect();
 
   // Loads the connection only; nothing has happened yet.
-  void Load() { ser.Load(kChosenPort); }
+  void Load();
 
   // Lets the sweep make n steps: 40 ms each.
   void Tick(int n = 1) { clock.Advance(40 * n); }
@@ -78,8 +84,6 @@ class Link {
   int loaded = 0;                               // how often the load came to its end
   int ended = 0;                                // how often the program was ended
 
-  FrmSer ser;
-
  private:
   // A choice that the link doesn't look at.
   static constexpr uint8_t kChosenPort = 7;
@@ -87,6 +91,12 @@ class Link {
   std::uint32_t AddressOf(int parameter) const;
 
   std::vector<IndexRecord> rows_;
+  std::unique_ptr<FrmSer> ser_;
+
+ public:
+  // The connection. Its header reaches far: those tests alone include it that work on the
+  // connection.
+  FrmSer& ser;
 };
 
 }  // namespace sorvane::test

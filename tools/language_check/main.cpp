@@ -1,18 +1,16 @@
-#include <CLI/CLI.hpp>
-#include <filesystem>
 #include <iostream>
 #include <string>
 
+#include "command_line/command_line.h"
 #include "language_check/language_check.h"
 
 int main(int argc, char** argv) {
-  CLI::App app{"Checks the language files of a folder against one of them."};
-  app.allow_windows_style_options(false);  // a slash begins a path on every system
-  std::filesystem::path folder;
+  sorvane::CommandLine line("Checks the language files of a folder against one of them.");
+  std::string folder;
   std::string reference = "Italiano";
-  app.add_option("folder", folder, "Folder with the .lng files and same-words.txt")->required();
-  app.add_option("--reference", reference, "Name of the reference, without .lng")
-      ->capture_default_str();
-  CLI11_PARSE(app, argc, argv);
+  line.AddArgument("folder", folder, "Folder with the .lng files and same-words.txt");
+  line.AddOption("--reference", reference, "Name of the reference, without .lng");
+  int exit_code = 0;
+  if (!line.Read(argc, argv, exit_code)) return exit_code;
   return sorvane::ReportLanguages(folder, reference, std::cout);
 }

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace sorvane {
+
+// Reads the command line of a companion program into the program's variables, by CLI11. Its headers
+// take seconds to compile, so that they are included in the source of this class alone.
+//
+// Names of options begin with two hyphens. A variable's value at its announcement is the default,
+// which the help tells. Variables must outlive the call of Read.
+class CommandLine {
+ public:
+  // Whole numbers from least to most, and those of also.
+  struct Range {
+    int least;
+    int most;
+    std::vector<int> also = {};
+  };
+  // Tells what is wrong with a value; an empty text if nothing is.
+  using Check = std::function<std::string(const std::string&)>;
+
+  // The name is that of the program as the help tells it; none: as it was called.
+  explicit CommandLine(const std::string& description, const std::string& name = {});
+  ~CommandLine();
+
+  // What the help ends with.
+  void SetFooter(const std::string& words);
+
+  // Arguments that stand on the line by their place and can't be missing: one, or one and more.
+  void AddArgument(const std::string& name, std::string& value, const std::string& help);
+  void AddArguments(const std::string& name, std::vector<std::string>& values,
+                    const std::string& help);
+
+  void AddOption(const std::string& name, std::string& value, const std::string& help);
+  // The help calls the value by kind.
+  void AddOption(const std::string& name, std::string& value, const std::string& kind,
+                 const Check& check, const std::string& help);
+  void AddNumber(const std::string& name, int& value, const Range& range, const std::string& help);
+  // A number that can't be missing.
+  void AddRequiredNumber(const std::string& name, int& value, const Range& range,
+                         const std::string& help);
+  // An option without a value, which can't stand beside another one, if that is named.
+  void AddFlag(const std::string& name, bool& value, const std::string& help,
+               const std::string& excluded = {});
+
+  // A command with arguments and options of its own. One of the commands must stand on the line.
+  CommandLine& AddCommand(const std::string& name, const std::string& help);
+  // Whether this command stood on the line.
+  bool IsChosen() const;
+
+  // Sets the variables. Where the program has nothing to do, since help was asked for or the line
+  // can't be read, says so to the user, gives false and sets exit_code.
+  bool Read(int argc, const char* const* argv, int& exit_code);
+
+ private:
+  struct Parser;
+
+  explicit CommandLine(std::unique_ptr<Parser> parser);
+
+  std::unique_ptr<Parser> parser_;
+  std::vector<std::unique_ptr<CommandLine>> commands_;
+};
+
+}  // namespace sorvane
