@@ -89,9 +89,10 @@ endfunction()
 
 # A test program with GoogleTest cases, which is one test of CTest. Its main function fails where there
 # is no case to run. WIDGETS says that it has widgets, and PLAIN that it has nothing of Qt: both share
-# precompiled headers with their kind.
+# precompiled headers with their kind. With OWN_TERMINALS it shares no pseudo-terminals with other
+# programs of the machine.
 function(sorvane_test name)
-  cmake_parse_arguments(ARG "WIDGETS;PLAIN" "" "SOURCES;LIBRARIES" ${ARGN})
+  cmake_parse_arguments(ARG "WIDGETS;PLAIN;OWN_TERMINALS" "" "SOURCES;LIBRARIES" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
   target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
   target_link_libraries(${name} PRIVATE ${ARG_LIBRARIES} GTest::gmock GTest::gtest)
@@ -108,6 +109,11 @@ function(sorvane_test name)
     target_link_libraries(${name} PRIVATE sorvane_plain_test_main)
     sorvane_precompile(${name} sorvane_plain_test_main)
   endif()
-  add_test(NAME ${name} COMMAND ${name})
+  if(ARG_OWN_TERMINALS)
+    add_test(NAME ${name} COMMAND /usr/bin/python3 ${CMAKE_SOURCE_DIR}/tests/support/own_terminals.py
+      $<TARGET_FILE:${name}>)
+  else()
+    add_test(NAME ${name} COMMAND ${name})
+  endif()
   set_tests_properties(${name} PROPERTIES TIMEOUT 300 ENVIRONMENT "${environment}")
 endfunction()

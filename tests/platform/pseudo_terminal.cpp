@@ -7,7 +7,10 @@
 #include <termios.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
+
+#include "support/strangers.h"
 
 namespace sorvane::test {
 
@@ -22,6 +25,7 @@ PseudoTerminal::PseudoTerminal() {
 }
 
 PseudoTerminal::~PseudoTerminal() {
+  EXPECT_EQ(StrangersAt(HeldPath()), "");
   Vanish();
   close(held_);
 }
@@ -64,5 +68,16 @@ void PseudoTerminal::Vanish() {
 }
 
 void PseudoTerminal::SetExclusive() const { EXPECT_EQ(ioctl(held_, TIOCEXCL), 0); }
+
+bool PseudoTerminal::IsOpen() const {
+  const std::filesystem::directory_iterator descriptors("/proc/self/fd");
+  return std::any_of(begin(descriptors), end(descriptors), [this](const auto& entry) {
+    return entry.path() != HeldPath() && IsSameDevice(entry.path(), HeldPath());
+  });
+}
+
+std::filesystem::path PseudoTerminal::HeldPath() const {
+  return "/proc/self/fd/" + std::to_string(held_);
+}
 
 }  // namespace sorvane::test

@@ -9,6 +9,7 @@ namespace sorvane::test {
 
 // A serial line without a wire: the program opens its device, and the test is the board at the
 // other end. As a simulated board does, it holds the device open itself and passes all bytes raw.
+// At its end nobody besides this process and its children may have the device open.
 class PseudoTerminal {
  public:
   PseudoTerminal();
@@ -36,10 +37,13 @@ class PseudoTerminal {
   // The device comes into the mode in which it can't be opened again.
   void SetExclusive() const;
 
-  // Whether a descriptor of this process is the board's or the one that holds the device open.
-  bool Holds(int descriptor) const { return descriptor == board_ || descriptor == held_; }
+  // Whether this process has the device open, besides what holds it open here.
+  bool IsOpen() const;
 
  private:
+  // Leads to the device even when that has vanished.
+  std::filesystem::path HeldPath() const;
+
   std::filesystem::path device_;
   int board_ = -1;
   int held_ = -1;

@@ -9,6 +9,7 @@
 #include <fstream>
 
 #include "simulator/index_folder.h"
+#include "support/strangers.h"
 
 namespace sorvane::simulator {
 namespace {
@@ -22,6 +23,8 @@ using testing::StartsWith;
 
 class RealBoard : public testing::Test {
  protected:
+  void TearDown() override { EXPECT_EQ(test::StrangersAt(link_), ""); }
+
   std::vector<std::string> Arguments(const std::vector<std::string>& more = {}) const {
     std::vector<std::string> arguments = {"--index", folder_.Path(), "--link", link_};
     arguments.insert(arguments.end(), more.begin(), more.end());

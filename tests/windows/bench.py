@@ -10,6 +10,7 @@ from app import CONNECT, ENTRIES, App
 from board import Board
 from desk import Desk
 from prefix import Prefix
+from strangers import refuse_strangers
 from wait import wait_for
 from x_windows import XWindows
 
@@ -101,8 +102,13 @@ class Scene(unittest.TestCase):
         self.addCleanup(self._end_board)
 
     def _end_board(self):
-        self.board.close()
-        (bench.board_folder / "COM1").unlink(missing_ok=True)
+        line = bench.board_folder / "COM1"
+        try:
+            if line.exists():  # it isn't while the board is unplugged
+                refuse_strangers(line)
+        finally:
+            self.board.close()
+            line.unlink(missing_ok=True)
 
     def launch(self, cwd="/"):
         """Starts the program and waits for nothing."""

@@ -16,9 +16,11 @@ sys.dont_write_bytecode = True
 
 import places  # noqa: E402
 from counted_run import run_counted  # noqa: E402
+from own_terminals import take_own_terminals  # noqa: E402
 
 
 def main():
+    take_own_terminals()
     files = sys.argv[1:] or HERE.glob("test_*.py")
     names = sorted(pathlib.Path(file).name.removesuffix(".py") for file in files)
     shutil.rmtree(places.PICTURES, ignore_errors=True)

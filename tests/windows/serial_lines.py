@@ -12,11 +12,12 @@ the device of COM1: a word, answered by words, each with a line feed behind it.
     replace     a new device stands at COM1
     remove      no device stands at COM1
     file        a file stands at COM1
+
+A stranger at a line is a failure, and so is a line on which nothing happens for too long.
 """
 
 import ctypes
 import fcntl
-import glob
 import os
 import pathlib
 import select
@@ -24,12 +25,24 @@ import struct
 import sys
 import tempfile
 import termios
+import time
 import tty
 
-from prefix import Prefix
+ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
+sys.path[:0] = [str(ROOT / "tests" / "support"), str(ROOT / "tools" / "tour")]
+
+from offspring import adopt_orphans  # noqa: E402
+from own_terminals import take_own_terminals  # noqa: E402
+from prefix import Prefix  # noqa: E402
+from strangers import StrangerError, holders, refuse_strangers  # noqa: E402
 
 PR_CAPBSET_DROP = 24
 CAP_SYS_ADMIN = 21
+
+WORDS = (b"settings", b"arrived", b"open", b"hold", b"vanish", b"replace", b"remove", b"file")
+
+LOOK = 1.0  # seconds of silence after which it is looked who is at the lines
+SILENCE = 120.0  # seconds; a prefix of Wine wakes up slowly on a busy machine
 
 
 class Terminal:
@@ -61,6 +74,12 @@ class Terminal:
         words += ", handshake by lines" if cflag & termios.CRTSCTS else ""
         words += ", handshake by characters" if iflag & (termios.IXON | termios.IXOFF) else ""
         return words
+
+    def holders(self):
+        return holders(self._held)
+
+    def refuse_strangers(self):
+        refuse_strangers(self._held)
 
     def count_arrived(self):
         return struct.unpack("i", fcntl.ioctl(self._held, termios.TIOCINQ, bytes(4)))[0]
@@ -127,23 +146,34 @@ class Lines:
 
     def open(self):
         """Whether a process besides this one has the device open."""
-        own = f"/proc/{os.getpid()}/"
-        found = any(target_of(entry) == self.com1.device
-                    for entry in glob.iglob("/proc/[0-9]*/fd/*") if not entry.startswith(own))
-        return "yes" if found else "no"
+        return "yes" if self.com1.holders() else "no"
+
+    def refuse_strangers(self):
+        for terminal in (self.com1, self.com2, self.com3):
+            terminal.refuse_strangers()
 
     def run_until_end_of(self, process):
-        """Passes bytes on and answers until a process has ended."""
+        """Passes bytes on and answers until a process has ended. Raises StrangerError if there are
+        signs of a stranger, and TimeoutError if nothing happens any more."""
         end = os.pidfd_open(process.pid)
+        last = time.monotonic()
         while True:
             ends = [terminal for terminal in (self.com1, self.com2) if terminal.board is not None]
             # A line takes no more bytes than its other end has room for.
             readable = [end, self.com3.board] + [
                 terminal.board for terminal in ends if not self._other(terminal).waiting]
             writable = [terminal.board for terminal in ends if terminal.waiting]
-            readable, writable, _ = select.select(readable, writable, [])
+            readable, writable, _ = select.select(readable, writable, [], LOOK)
             if end in readable:
+                self.refuse_strangers()
                 return
+            if readable or writable:
+                last = time.monotonic()
+            else:
+                self.refuse_strangers()
+                if time.monotonic() - last > SILENCE:
+                    raise TimeoutError(f"nothing on the lines for {SILENCE:g} s: the program hangs, "
+                                       "or somebody who can't be seen takes its bytes")
             for terminal in ends:
                 if terminal.board in writable:
                     terminal.write()
@@ -158,18 +188,16 @@ class Lines:
     def _answer(self, more):
         *words, self._word = (self._word + more).split(b"\n")
         for word in words:
+            if word not in WORDS:
+                self.refuse_strangers()
+                raise StrangerError(f"foreign bytes at COM3: {word!r}")
             answer = getattr(self, word.decode())()
             self.com3.write(f"{answer}\n".encode())
 
 
-def target_of(entry):
-    try:
-        return os.readlink(entry).removesuffix(" (deleted)")
-    except OSError:  # closed meanwhile
-        return None
-
-
 def main():
+    take_own_terminals()
+    adopt_orphans()  # also what Wine leaves running is known as part of the tests
     # Without this right an administrator can't open a terminal that is held, like anybody else.
     ctypes.CDLL(None).prctl(PR_CAPBSET_DROP, CAP_SYS_ADMIN, 0, 0, 0)
 
@@ -183,6 +211,8 @@ def main():
             process = prefix.start(*sys.argv[2:])
             lines.run_until_end_of(process)
             return process.wait()
+        except (StrangerError, TimeoutError) as error:
+            return f"{pathlib.Path(sys.argv[0]).name}: {error}"
         finally:
             prefix.close()
 

@@ -14,6 +14,7 @@
 #include "simulator/board_process.h"
 #include "simulator/index_folder.h"
 #include "support/fake_dialogs.h"
+#include "support/strangers.h"
 
 namespace sorvane::test {
 namespace {
@@ -25,6 +26,8 @@ using simulator::IndexFolder;
 // Parameters 25 and 26 are two bytes each; nobody polls them, so that each is read once.
 class Wire : public testing::Test {
  protected:
+  void TearDown() override { EXPECT_EQ(StrangersAt(files.Path() / "COM1"), ""); }
+
   void Connect(const std::vector<std::string>& more = {}) {
     std::vector<std::string> arguments = {"--index", files.Path(), "--link", files.Path() / "COM1"};
     arguments.insert(arguments.end(), more.begin(), more.end());
