@@ -3,6 +3,7 @@
 import re
 
 from scene import Scene
+from screen import names
 from wait import wait_for
 
 
@@ -29,8 +30,8 @@ class Settings(Scene):
     def wait_probe(self):
         """Waits until the clock page has found that the board has a clock."""
         date = re.compile(r"\d\d/\d\d/\d{4}")
-        wait_for("date", lambda: any(date.fullmatch(label.name)
-                                     for label in self.page.all("label")))
+        wait_for("date", lambda: any(date.fullmatch(name)
+                                     for name in names(self.page.all("label"))))
 
     def leave_held(self, numbers):
         """Waits until the board holds numbers, leaves the page, and looks again."""

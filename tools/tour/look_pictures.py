@@ -56,7 +56,7 @@ class LookVisit(Visit):
         self._open(PAYMENT)
         self._desk.take_front_window(picture)
         self._program.close_frame()
-        self._program.wait_end(2)
+        self._program.wait_end()
 
 
 def take_other(desk, picture):

@@ -39,7 +39,7 @@ class ManualVisit(Visit):
         self._program.wait_ready()
 
     def _end(self):
-        self._program.put_away(2)
+        self._program.put_away()
 
     def _take(self, name, area):
         self._desk.take_picture(self._pictures / f"{name}.png", area)

@@ -74,7 +74,6 @@ class Tour(Visit):
         """Takes a picture of each tab that can be brought to the front."""
         for strip in (strip for strip in page.all("page tab list") if strip.has("enabled")):
             for tab in self._program.tabs_to_the_right(strip):
-                self._wait_settled(page)
                 self.step(f"{name}-tab", f"{words}, tab {tab}.")
 
     def choose_each_payment_system(self):
@@ -91,8 +90,8 @@ class Tour(Visit):
     def change_a_discount(self):
         self._program.choose("Sconti")
         page = self._program.page("Sconti")
-        field = wait_for("field", lambda: page.find("text", "Sconto 3"))
-        wait_for("open field", lambda: field.has("enabled"))
+        self._board.wait_round()
+        field = page.find("text", "Sconto 3")
         old = field.text
         self._program.type_into(field, "0.5")
         wait_for("new discount", lambda: field.text == "0.50")
@@ -140,7 +139,7 @@ class Tour(Visit):
 
     def leave(self):
         self._program.close_frame()
-        code = self._program.wait_end(2)
+        code = self._program.wait_end()
         lines = (self._folder / "Sorvane.ini").read_text(encoding="cp1252").split()
         if code != 0 or lines != ["Com=1", f"Lingua={SECOND_LANGUAGE}"]:
             raise RuntimeError(f"the program ended with {code} and left {lines}")
