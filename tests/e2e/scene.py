@@ -8,7 +8,7 @@ import unittest
 import offspring
 from board import Board
 from folder_watch import FolderWatch
-from program import Box, Program
+from program import END_WITHIN, Box, Program
 from wait import wait_for
 
 SETTINGS = b"Com=1\r\nLingua=Italiano\r\n"
@@ -19,7 +19,6 @@ CONNECTED_ENTRIES = (
     ("Vendite", "Totali"), ("Vendite", "Contatori"), ("Vendite", "Monete"),
     ("Vendite", "Banconote"), ("Allarmi",))
 NOT_READY = Box("Serial", "Board Not Ready\nCheck serial !", ("Retry", "Cancel"))
-END_WITHIN = 2.0  # seconds from the closing of the frame, on processors of its own
 
 
 class Scene(unittest.TestCase):

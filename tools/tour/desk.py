@@ -20,10 +20,12 @@ SCREEN = "1280x900x24"
 # Of a picture for a document.
 SMALL = ("-strip", "+dither", "-colors", "256", "-define", "png:compression-level=9")
 
-TOOLS = ("Xvfb", "openbox", "dbus-daemon", "xdotool", "xprop", "import")
+TOOLS = ("Xvfb", "openbox", "dbus-daemon", "xdotool", "xprop", "import", "convert")
 
-# Sanitized builds are told by these how to report.
-PASSED_ON = ("PATH", "ASAN_OPTIONS", "UBSAN_OPTIONS")
+# What the caller may set for the programs on the desk: how sanitized builds report, the time, the
+# time zone, and what Qt makes of the processor. His language is none of theirs.
+PASSED_ON = ("PATH", "ASAN_OPTIONS", "UBSAN_OPTIONS", "LD_PRELOAD", "FAKETIME", "FAKETIME_SHARED",
+             "FAKETIME_DONT_FAKE_MONOTONIC", "TZ", "QT_NO_CPU_FEATURE")
 
 
 class Desk:

@@ -42,7 +42,7 @@ class ManualVisit(Visit):
         self._program.put_away()
 
     def _take(self, name, area):
-        self._desk.take_picture(self._pictures / f"{name}.png", area)
+        self._take_picture(self._pictures / f"{name}.png", area)
 
     def _take_page(self, name, page):
         self._take(f"{name}.{self._language}", page.place)

@@ -8,6 +8,7 @@ from screen import below, names, of_role, with_state
 from wait import wait_for
 
 BOX = "alert message"
+END_WITHIN = 2.0  # seconds from the closing of the frame, on processors of its own
 MOST_STEPS = 60  # with Tab or an arrow; more than any page has controls and any menu entries
 
 
@@ -58,6 +59,11 @@ class Program(offspring.Running):
         """Whether a lamp of the status bar, "Transmit", "Receive" or "Error", is lit."""
         bar = self._part("status bar")
         return bar is not None and bar.find("label", f"{name}: on") is not None
+
+    def wait_painted(self):
+        """Waits until the screen shows what can be read: the program paints between two answers."""
+        for _ in range(2):
+            self.frame()
 
     # The menu bar.
 

@@ -88,6 +88,10 @@ class Visit:
         return (texts(fields), with_state(fields, "enabled"), names(page.all("label")),
                 with_state(bars, "showing"), values(bars))
 
+    def _take_picture(self, path, area=None):
+        self._program.wait_painted()
+        self._desk.take_picture(path, area)
+
     def _choose_system(self, page, key):
         """Moves the slider of the payment systems by a key and waits for what follows."""
         slider = page.all("slider")[0]
