@@ -92,7 +92,8 @@ class Scene(unittest.TestCase):
 
     def wait_shown(self, row, text):
         """Waits until a discount is shown as text."""
-        wait_for(f"{text} in row {row}", lambda: self.field(row).text == text)
+        field = self.field(row)
+        wait_for(f"{text} in row {row}", lambda: field.text == text)
 
     def wait_held(self, parameter, number):
         """Waits until the board's memory holds a number."""

@@ -16,10 +16,12 @@ class Settings(Scene):
         return wait_for(f"field {name}", lambda: self.page.find("text", name))
 
     def wait_text(self, name, text):
-        wait_for(f"{text} in {name}", lambda: self.text(name).text == text)
+        field = self.text(name)
+        wait_for(f"{text} in {name}", lambda: field.text == text)
 
     def wait_open(self, name):
-        wait_for(f"{name} to open", lambda: self.text(name).has("enabled"))
+        field = self.text(name)
+        wait_for(f"{name} to open", lambda: field.has("enabled"))
 
     def show_tab(self, row, number):
         """Brings a tab of a row to the front by the keyboard; both count from 0."""

@@ -14,7 +14,6 @@ import tempfile
 import offspring
 from keyboard import Keyboard
 from screen import Screen
-from wait import wait_for
 
 SCREEN = "1280x900x24"
 # Of a picture for a document.
@@ -84,9 +83,10 @@ class Desk:
         self.environment["DBUS_SESSION_BUS_ADDRESS"] = address
 
     def _start_window_manager(self):
-        self._start(["openbox"], stdout=self._log)
-        wait_for("window manager", lambda: "window id" in self._ask(
-            "xprop", "-root", "_NET_SUPPORTING_WM_CHECK"))
+        # Windows that come before it says so might never get the keyboard.
+        manager = self._start(["openbox", "--startup", "echo ready"], stdout=subprocess.PIPE)
+        if not manager.stdout.readline():
+            raise RuntimeError(f"no window manager: {self.log()}")
 
     def _ask(self, *command):
         return subprocess.run(command, env=self.environment, stdin=subprocess.DEVNULL,

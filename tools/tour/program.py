@@ -4,7 +4,7 @@ import dataclasses
 import subprocess
 
 import offspring
-from screen import below, names, of_role, with_state
+from screen import below, focused, names, of_role, with_state
 from wait import wait_for
 
 BOX = "alert message"
@@ -41,19 +41,19 @@ class Program(offspring.Running):
     def _part(self, role):
         """A part of the main frame, or None while that isn't shown."""
         frame = self.frame()
-        return next(iter(of_role(frame.children, role)), None) if frame else None
+        return frame and frame.part(role)
 
     def frame(self):
         """The main frame, or None while it isn't shown."""
-        return next((frame for frame in self._windows("frame") if frame.has("showing")), None)
+        return next(iter(with_state(self._windows("frame"), "showing")), None)
 
     def wait_ready(self):
         """Waits until a connection can be asked for."""
         wait_for("entry Connect", lambda: self.enabled("Connect"))
 
     def _front(self):
-        return wait_for("frame in front", lambda: (frame := self.frame()) and
-                        frame.has("active") and frame)
+        return wait_for("frame in front",
+                        lambda: next(iter(with_state(self._windows("frame"), "active")), None))
 
     def lamp(self, name):
         """Whether a lamp of the status bar, "Transmit", "Receive" or "Error", is lit."""
@@ -133,12 +133,14 @@ class Program(offspring.Running):
         return entries if caption in entries and self._marked(entries) else None
 
     def _walk(self, entries, caption, key):
+        marked = self._marked(entries)
         for _ in range(MOST_STEPS):
-            before = self._marked(entries)
-            if before == [caption]:
+            if marked == [caption]:
                 return
+            before = marked
             self._desk.press(key)
-            wait_for(f"move from {before}", lambda: self._marked(entries) not in ([], before))
+            marked = wait_for(f"move from {before}",
+                              lambda: (now := self._marked(entries)) != before and now)
         raise LookupError(f"the keyboard doesn't reach {caption}")
 
     # The boxes.
@@ -178,16 +180,17 @@ class Program(offspring.Running):
 
     def _pages_in_front(self):
         """What holds the pages, once the keyboard is there."""
-        self._front()
-        return self._part("layered pane")
+        return self._front().part("layered pane")
 
     def _tab_to(self, window, control):
+        controls = window.controls()
+        here = focused(controls)
         for _ in range(MOST_STEPS):
-            if control.has("focused"):
+            if here == control:
                 return
-            before = window.focus()
+            before = here
             self._desk.press("Tab")
-            wait_for(f"move from {before}", lambda: window.focus() not in (None, before))
+            here = wait_for("move by Tab", lambda: (now := focused(controls)) != before and now)
         raise LookupError(f"Tab doesn't reach {control.name}")
 
     def type_into(self, field, text):

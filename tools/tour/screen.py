@@ -37,20 +37,20 @@ class Screen:
             "org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress", None, None,
             Gio.DBusCallFlags.NONE, -1, None).unpack()[0]
         self._bus = _connect(address)
-        self._processes = {}  # by the program's name on the bus, which no other gets
-        self._roles = {}  # by the element's place there, likewise
+        self._applications = {}  # by process
+        self._roles = {}  # by place on the bus, where no other element comes to stand
 
     def application(self, process):
-        """The application of a process, or None while it shows nothing."""
-        return next((program for program in Element(self, ROOT).children
-                     if self._process(program.on_bus[0]) == process), None)
+        """The application of a process, or None if it hasn't shown anything yet."""
+        if process not in self._applications:
+            self._applications |= {self._process(program.on_bus[0]): program
+                                   for program in Element(self, ROOT).children}
+        return self._applications.get(process)
 
     def _process(self, name):
-        if name not in self._processes:
-            self._processes[name] = self.ask(
-                [("org.freedesktop.DBus", "/org/freedesktop/DBus")], None, "org.freedesktop.DBus",
-                "GetConnectionUnixProcessID", GLib.Variant("(s)", (name,)))[0]
-        return self._processes[name]
+        return self.ask([("org.freedesktop.DBus", "/org/freedesktop/DBus")], None,
+                        "org.freedesktop.DBus", "GetConnectionUnixProcessID",
+                        GLib.Variant("(s)", (name,)))[0]
 
     def ask(self, places, default, interface, method, arguments=None):
         """What each of several places on the bus answers to a question, or default."""
@@ -115,6 +115,11 @@ def with_state(elements, state):
     word, bit = divmod(STATES[state], 32)
     found = _ask(elements, (0, 0), ACCESSIBLE, "GetState")
     return [element for element, words in zip(elements, found) if words[word] >> bit & 1]
+
+
+def focused(controls):
+    """Which of an element's controls has the keyboard, or None."""
+    return next(reversed(with_state(controls, "focused")), None)
 
 
 def _roles(elements):
@@ -204,11 +209,17 @@ class Element:
         found = self.all(role)
         return next((element for element, its in zip(found, names(found)) if its == name), None)
 
+    def part(self, role):
+        """The first child of a role, or None."""
+        return next(iter(of_role(self.children, role)), None)
+
     def focus(self):
-        """What has the keyboard below this element, as something to compare; None if nothing.
+        """What has the keyboard below this element; None if nothing."""
+        return focused(self.controls())
+
+    def controls(self):
+        """Everything below this element that can have the keyboard.
 
         The tab in front says that it is focused wherever the keyboard is; its row tells the truth.
         """
-        focused = with_state([element for element, role in self._walk() if role != "page tab"],
-                             "focused")
-        return focused[-1] if focused else None
+        return [element for element, role in self._walk() if role != "page tab"]
