@@ -19,7 +19,7 @@ SCREEN = "1280x900x24"
 # Of a picture for a document.
 SMALL = ("-strip", "+dither", "-colors", "256", "-define", "png:compression-level=9")
 
-TOOLS = ("Xvfb", "openbox", "dbus-daemon", "xdotool", "xprop", "import", "convert")
+TOOLS = ("Xvfb", "openbox", "dbus-daemon", "xprop", "import", "convert")
 
 # What the caller may set for the programs on the desk: how sanitized builds report, the time, the
 # time zone, and what Qt makes of the processor. His language is none of theirs.
@@ -62,7 +62,7 @@ class Desk:
 
     def _start_display(self, screen):
         reader, writer = os.pipe()
-        # A display that starts anew when its last client leaves turns others away meanwhile, and one
+        # A display that starts anew when its last client leaves turns others away meanwhile. One
         # that repeats keys does so when a busy machine delays their release.
         self._start(["Xvfb", "-displayfd", str(writer), "-screen", "0", screen,
                      "-nolisten", "tcp", "-noreset", "-r"], pass_fds=[writer], stdout=self._log)

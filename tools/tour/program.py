@@ -94,7 +94,10 @@ class Program(offspring.Running):
 
     def captions(self, *path):
         """The captions of the menu bar, left to right, or of a drop-down."""
-        return list(self._below(path))
+        if path:
+            return names(self.entry(*path).all("menu item"))
+        bar = self._part("menu bar")
+        return names(bar.children) if bar else []
 
     def enabled(self, *path):
         return self.enabled_among([path]) == [path]
@@ -107,12 +110,12 @@ class Program(offspring.Running):
 
     def checked(self, *path):
         """The captions of the entries with a check mark in a drop-down."""
-        return self._marked(self._below(path), "checked")
+        return names(with_state(self.entry(*path).all("menu item"), "checked"))
 
     @staticmethod
-    def _marked(entries, state="focused"):
+    def _marked(entries):
         captions = {entry: caption for caption, entry in entries.items()}
-        return [captions[entry] for entry in with_state(list(captions), state)]
+        return [captions[entry] for entry in with_state(list(captions), "focused")]
 
     def choose(self, *path):
         """Chooses a menu entry by its captions, with the keyboard."""

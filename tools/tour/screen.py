@@ -1,8 +1,8 @@
 """Reading what a program shows, by way of the desktop's accessibility service.
 
 The service is asked over its bus. What is asked of several elements goes out in one go, since each
-question that is waited for costs a turn through the bus and the program. An element that has vanished
-reads as empty: it has no name, no states and no children.
+question that is waited for costs a turn through the bus and the program. An element that has
+vanished reads as empty: it has no name, no states and no children.
 """
 
 import gi
@@ -19,8 +19,8 @@ ON_SCREEN = 0  # places count from the screen's corner
 STATES = {"active": 1, "checked": 4, "enabled": 8, "focused": 12, "showing": 25}
 
 # What has nothing below it.
-LEAVES = {"check box", "column header", "label", "progress bar", "push button", "separator", "slider",
-          "text", "tree item"}
+LEAVES = {"check box", "column header", "label", "progress bar", "push button", "separator",
+          "slider", "text", "tree item"}
 
 
 def _connect(address):

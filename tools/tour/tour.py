@@ -35,8 +35,10 @@ class Tour(Visit):
         self._steps = 0
 
     def step(self, name, words, beside=None):
-        """Takes the picture of a step and writes its line. What isn't on the screen can stand beside:
-        a title, and lines."""
+        """Takes the picture of a step and writes its line.
+
+        What isn't on the screen can stand beside: a title, and lines.
+        """
         self._steps += 1
         picture = self._pictures / f"{self._steps:02}-{name}.png"
         self._take_picture(picture)
@@ -103,11 +105,10 @@ class Tour(Visit):
         self.step("discount", f"Discount 3 was {old}, 0.5 was typed, and {field.text} came back.")
         question = f"get {THIRD_DISCOUNT}"
         answer = self._board.tell(question)
-        if answer != f"parameter {THIRD_DISCOUNT} = 50":
+        if answer != f"{THIRD_DISCOUNT} = 50":
             raise RuntimeError(f"the board says {answer} of discount 3")
-        self.step("memory", f"The board, asked in its own words for parameter {THIRD_DISCOUNT}, "
-                  f"answers \"{answer}\": it holds discount 3.",
-                  ("SorvaneBoard, in its terminal", (question, answer)))
+        self.step("memory", f"The board holds it: asked \"{question}\" in its terminal, it answers "
+                  f"\"{answer}\".", ("SorvaneBoard, in its terminal", (question, answer)))
 
     def type_garbage(self):
         page = self._program.page("Sconti")
