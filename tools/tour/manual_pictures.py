@@ -93,7 +93,7 @@ class PagesVisit(ManualVisit):
         entries = self._program.entry(path[0]).all("menu item")
         bottom = max(entry.place[1] + entry.place[3] for entry in entries if entry.has("showing"))
         self._take(f"{name}.{self._language}", (left, top, width, bottom + ROOM - top))
-        self._desk.press("Escape", "Escape")
+        self._program.leave_menu()
 
     def take_clock(self):
         page = self._open(CLOCK)

@@ -130,6 +130,18 @@ class Program(offspring.Running):
             entries = wait_for(f"menu with {caption}", lambda: self._in_use(path[:depth], caption))
             self._walk(entries, caption, "Down" if depth else "Right")
 
+    def leave_menu(self):
+        """Gives the keyboard back from an open drop-down.
+
+        A key that comes before the drop-down has closed may be lost with it.
+        """
+        bar = self._part("menu bar")
+        drop_downs = bar.all("popup menu")
+        self._desk.press("Escape")
+        wait_for("end of the drop-down", lambda: not with_state(drop_downs, "showing"))
+        self._desk.press("Escape")
+        wait_for("end of the menu", lambda: not with_state(bar.children, "focused"))
+
     def _in_use(self, path, caption):
         """The entries at a place of the menu, once one of them is marked and a caption is there."""
         entries = self._below(path)

@@ -134,7 +134,7 @@ class Tour(Visit):
         self.step("info", "Info tells the program's name and revision.")
         self._program.point_at("Windows", "2 Info")
         self.step("windows", "Windows lists the pages that stand open.")
-        self._desk.press("Escape", "Escape")
+        self._program.leave_menu()
         self._program.close_page(page)
 
     def change_language(self):
