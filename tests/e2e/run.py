@@ -5,6 +5,7 @@ Each file is a module of unittest beside this one. Finding no test is a failure,
 that is skipped.
 """
 
+import os
 import pathlib
 import sys
 
@@ -19,6 +20,8 @@ from scene import Scene  # noqa: E402
 
 
 def main():
+    if not sys.flags.utf8_mode:  # names of files are UTF-8, whatever the caller's language
+        os.execv(sys.executable, [sys.executable, "-X", "utf8", *sys.argv])
     Scene.built = pathlib.Path(sys.argv[1]).resolve(strict=True)
     names = [pathlib.Path(file).name.removesuffix(".py") for file in sys.argv[2:]]
     Scene.desk = Desk()

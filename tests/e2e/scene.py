@@ -8,7 +8,7 @@ import unittest
 import offspring
 from board import Board
 from folder_watch import FolderWatch
-from program import Box, Program
+from program import END_WITHIN, Box, Program
 from wait import wait_for
 
 SETTINGS = b"Com=1\r\nLingua=Italiano\r\n"
@@ -19,7 +19,6 @@ CONNECTED_ENTRIES = (
     ("Vendite", "Totali"), ("Vendite", "Contatori"), ("Vendite", "Monete"),
     ("Vendite", "Banconote"), ("Allarmi",))
 NOT_READY = Box("Serial", "Board Not Ready\nCheck serial !", ("Retry", "Cancel"))
-END_WITHIN = 2.0  # seconds from the closing of the frame
 
 
 class Scene(unittest.TestCase):
@@ -69,7 +68,7 @@ class Scene(unittest.TestCase):
 
     def open_entries(self):
         """Those of the entries for a connected board that are enabled."""
-        return [path for path in CONNECTED_ENTRIES if self.program.enabled(*path)]
+        return self.program.enabled_among(CONNECTED_ENTRIES)
 
     def open(self, *path, title):
         """Opens a page by the captions of its menu entry and waits for it."""
@@ -77,8 +76,12 @@ class Scene(unittest.TestCase):
         self.page = self.program.page(title)
 
     def open_discounts(self):
-        """Opens the page of the discounts and waits until it can be edited."""
+        """Opens the page of the discounts and waits until it is filled and can be edited.
+
+        A number that is typed while the program reads it is lost.
+        """
         self.open("Sconti", title="Sconti")
+        self.board.wait_round()
         wait_for("open field", lambda: self.field(10).has("enabled"))
 
     def field(self, row):
@@ -89,7 +92,8 @@ class Scene(unittest.TestCase):
 
     def wait_shown(self, row, text):
         """Waits until a discount is shown as text."""
-        wait_for(f"{text} in row {row}", lambda: self.field(row).text == text)
+        field = self.field(row)
+        wait_for(f"{text} in row {row}", lambda: field.text == text)
 
     def wait_held(self, parameter, number):
         """Waits until the board's memory holds a number."""
@@ -99,19 +103,23 @@ class Scene(unittest.TestCase):
     def assert_closes(self):
         """Closes the frame: the program ends in time, saves once, hands over once."""
         saved = self.watch.written("Sorvane.ini")
-        self.program.close_frame()
-        self.assertEqual(self.program.wait_end(END_WITHIN), 0)
+        self.assert_ends_at_once(self.program.close_frame)
         self.assertEqual(self.watch.written("Sorvane.ini") - saved, 1, "savings of the settings")
         self.assertEqual(self.sibling_starts(), 1, "starts of the sibling program")
 
     def assert_ends_after(self, box):
         """The box says so, and behind it the program ends, saves nothing and starts nothing."""
         self.assertEqual(self.program.box(), box)
-        self.program.answer("OK")
-        self.assertEqual(self.program.wait_end(END_WITHIN), 0)
+        self.assert_ends_at_once(lambda: self.program.answer("OK"))
         self.assertEqual(self.watch.written("Sorvane.ini"), 0, "savings of the settings")
         self.assertEqual(self.settings.read_bytes(), SETTINGS)
         self.assertEqual(self.sibling_starts(), 0, "starts of the sibling program")
+
+    def assert_ends_at_once(self, action):
+        """What is done ends the program in time and in peace."""
+        code, seconds = self.program.end_by(action)
+        self.assertEqual(code, 0)
+        self.assertLessEqual(seconds, END_WITHIN)
 
     def sibling_starts(self):
         """How often the sibling has been started, once all that were started have ended."""
@@ -123,5 +131,5 @@ class Scene(unittest.TestCase):
 
     def check_and_end(self, program):
         """The program has not crashed unseen and has complained of nothing."""
-        program.put_away(END_WITHIN)
+        program.put_away()
         self.assertEqual(program.complaints.read_text(errors="replace"), "")

@@ -3,6 +3,7 @@
 import itertools
 
 from scene import Scene
+from screen import names, places, with_state
 from wait import wait_for
 
 ITALIAN = ["Connect", "Password", "Impostazioni", "Prezzi", "Sconti", "Pagamento", "Set ",
@@ -22,7 +23,7 @@ class Languages(Scene):
         self.program.choose("Lingue", "English")
         self.wait_captions(ENGLISH)
         page = self.program.page("Discounts")
-        labels = [label.name for label in page.all("label")]
+        labels = names(page.all("label"))
         self.assertEqual(sorted(labels), sorted(f"Discount {row}" for row in range(1, 11)))
         self.assertEqual(len(self.program.pages()), 1)
         self.assertEqual(self.program.checked("Languages"), ["English"])
@@ -48,17 +49,20 @@ class Languages(Scene):
 
     def test_the_tenth_language_gives_way_to_the_first_at_the_next_start(self):
         self.start()
-        names = [entry.name for entry in self.program.entry("Lingue").all("menu item")]
-        self.assertEqual(len(names), 10)
-        self.program.choose("Lingue", names[9])
-        wait_for("mark on the tenth language", lambda: names[9] in (
-            entry.name for entry in self.program.frame().all("menu item") if entry.has("checked")))
+        languages = self.program.captions("Lingue")
+        self.assertEqual(len(languages), 10)
+        self.program.choose("Lingue", languages[9])
+        wait_for("mark on the tenth language", lambda: languages[9] in self.checked_anywhere())
         self.assert_closes()
-        self.assertEqual(self.settings.read_bytes(), f"Com=1\r\nLingua={names[9]}\r\n".encode())
+        self.assertEqual(self.settings.read_bytes(),
+                         f"Com=1\r\nLingua={languages[9]}\r\n".encode())
         self.start()
-        languages = [entry.name for entry in self.program.frame().all("menu item")
-                     if entry.has("checked") and entry.name in names]
-        self.assertEqual(languages, [names[0]])
+        self.assertEqual([name for name in self.checked_anywhere() if name in languages],
+                         [languages[0]])
+
+    def checked_anywhere(self):
+        """The captions of all entries with a check mark, whatever the language of the menu."""
+        return names(with_state(self.program.frame().all("menu item"), "checked"))
 
     def test_an_unfit_file_is_refused_and_the_old_language_stays(self):
         (self.folder / "English.lng").write_bytes(b"Password\r\n")
@@ -73,25 +77,25 @@ class Languages(Scene):
     def test_controls_keep_clear_of_each_other_in_every_language(self):
         self.connect()
         self.open_discounts()
-        names = [entry.name for entry in self.program.entry("Lingue").all("menu item")]
-        for name in names:
+        for name in self.program.captions("Lingue"):
             self.program.choose(self.program.captions()[10], name)
             wait_for(f"mark on {name}", lambda: name in self.program.checked(
                 self.program.captions()[10]))
             page = self.program.pages()[0]
             try:
-                wait_for("clear layout", lambda: not clashes(page), 2)
+                wait_for("clear layout", lambda: not clashes(page))
             except TimeoutError:
                 self.fail(f"{name}: {clashes(page)}")
 
 
 def clashes(page):
     """The controls of the discounts page that are cut off or lie on another one, in words."""
-    places = [(control.name, control.place) for role in ("label", "text", "slider")
-              for control in page.all(role)]
-    found = [] if len(places) == 30 else [f"{len(places)} controls"]
-    found += [f"{name} is cut off" for name, place in places if not lies_in(place, page.place)]
-    found += [f"{one[0]} lies on {other[0]}" for one, other in itertools.combinations(places, 2)
+    controls = [control for role in ("label", "text", "slider") for control in page.all(role)]
+    placed = list(zip(names(controls), places(controls)))
+    within = page.place
+    found = [] if len(placed) == 30 else [f"{len(placed)} controls"]
+    found += [f"{name} is cut off" for name, place in placed if not lies_in(place, within)]
+    found += [f"{one[0]} lies on {other[0]}" for one, other in itertools.combinations(placed, 2)
               if overlap(one[1], other[1])]
     return found
 

@@ -1,7 +1,7 @@
 """Starting without what the program needs, and leaving it in each of its states."""
 
 from program import Box
-from scene import END_WITHIN, NOT_READY, Scene
+from scene import NOT_READY, Scene
 from wait import wait_for
 
 
@@ -35,8 +35,8 @@ class Leaving(Scene):
         self.start_board("--fault", "silent")
         self.start()
         self.program.choose("Connect")
-        wait_for("transmit lamp", lambda: self.program.lamp("Transmit"))
-        self.assertFalse(self.program.has_box())
+        wait_for("transmit lamp and no box",
+                 lambda: not self.program.has_box() and self.program.lamp("Transmit"))
         self.assert_closes()
 
     def test_program_with_the_box_of_a_silent_board_closes_at_once(self):
@@ -71,8 +71,7 @@ class Leaving(Scene):
         self.program.choose("COM", "COM4")
         wait_for("mark on COM4", lambda: self.program.checked("COM") == ["COM4"])
         self.settings.unlink()
-        self.program.close_frame()
-        self.assertEqual(self.program.wait_end(END_WITHIN), 0)
+        self.assert_ends_at_once(self.program.close_frame)
         self.assertEqual(self.settings.read_bytes(), b"Com=4\r\nLingua=Italiano\r\n")
         self.assertEqual(self.sibling_starts(), 0)
 

@@ -3,6 +3,7 @@
 import re
 
 from scene import Scene
+from screen import names
 from wait import wait_for
 
 
@@ -15,10 +16,12 @@ class Settings(Scene):
         return wait_for(f"field {name}", lambda: self.page.find("text", name))
 
     def wait_text(self, name, text):
-        wait_for(f"{text} in {name}", lambda: self.text(name).text == text)
+        field = self.text(name)
+        wait_for(f"{text} in {name}", lambda: field.text == text)
 
     def wait_open(self, name):
-        wait_for(f"{name} to open", lambda: self.text(name).has("enabled"))
+        field = self.text(name)
+        wait_for(f"{name} to open", lambda: field.has("enabled"))
 
     def show_tab(self, row, number):
         """Brings a tab of a row to the front by the keyboard; both count from 0."""
@@ -29,8 +32,8 @@ class Settings(Scene):
     def wait_probe(self):
         """Waits until the clock page has found that the board has a clock."""
         date = re.compile(r"\d\d/\d\d/\d{4}")
-        wait_for("date", lambda: any(date.fullmatch(label.name)
-                                     for label in self.page.all("label")))
+        wait_for("date", lambda: any(date.fullmatch(name)
+                                     for name in names(self.page.all("label"))))
 
     def leave_held(self, numbers):
         """Waits until the board holds numbers, leaves the page, and looks again."""

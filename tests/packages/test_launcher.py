@@ -47,13 +47,14 @@ class Launcher(unittest.TestCase):
     def start(self):
         program = InstalledProgram(self.desk, self.commands / "sorvane", self.environment,
                                    self.complaints)
-        self.addCleanup(program.put_away, END_WITHIN)
+        self.addCleanup(program.put_away)
         program.wait_ready()
         return program
 
     def close(self, program):
-        program.close_frame()
-        self.assertEqual(program.wait_end(END_WITHIN), 0)
+        code, seconds = program.end_by(program.close_frame)
+        self.assertEqual(code, 0)
+        self.assertLessEqual(seconds, END_WITHIN)
         self.assertEqual(self.complaints.read_text(errors="replace"), "")
 
     def update(self):

@@ -1,14 +1,21 @@
 """The simulated board at the other end of the line."""
 
+import collections
 import queue
 import subprocess
 import threading
 
 import offspring
-from wait import PATIENCE
+from wait import PATIENCE, wait_for
 
-# How the board begins the lines that tell what happens on the wire.
-EXCHANGE = ("read ", "write ", "no parameter", "bad checksum", "half a request", "line ")
+# How the board begins the lines that tell what happens on the wire, beside "read ".
+EXCHANGE = ("write ", "no parameter", "bad checksum", "half a request", "line ")
+MOST_READINGS = 1000  # that are remembered
+
+
+def came_round(readings):
+    """Whether a parameter has been read twice."""
+    return len(set(readings)) < len(readings)
 
 
 class Board(offspring.Running):
@@ -21,33 +28,33 @@ class Board(offspring.Running):
     def __init__(self, folder, environment, *arguments):
         super().__init__(offspring.start(
             [str(folder / "SorvaneBoard"), *arguments], env=environment, text=True,
-            stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.STDOUT))
-        self._lines = queue.Queue()
-        threading.Thread(target=self._read, daemon=True).start()
-        first = self._next_line()
+            encoding="utf-8", stdin=subprocess.PIPE, stdout=subprocess.PIPE,
+            stderr=subprocess.STDOUT))
+        first = self._process.stdout.readline().rstrip("\n")
         if not first.startswith("line "):
             raise RuntimeError(f"the board doesn't start: {first}")
+        self._answers = queue.Queue()
+        self._readings = collections.deque(maxlen=MOST_READINGS)
+        threading.Thread(target=self._read, daemon=True).start()
 
     def _read(self):
         for line in self._process.stdout:
-            self._lines.put(line.rstrip("\n"))
-        self._lines.put(None)
-
-    def _next_line(self):
-        try:
-            line = self._lines.get(timeout=PATIENCE)
-        except queue.Empty:
-            raise TimeoutError("the board says nothing") from None
-        if line is None:
-            raise RuntimeError("the board has ended")
-        return line
+            if line.startswith("read "):
+                self._readings.append(line.split("=")[0])
+            elif not line.startswith(EXCHANGE):
+                self._answers.put(line.rstrip("\n"))
+        self._answers.put(None)
 
     def tell(self, command):
         """Gives the board a command and returns its answer."""
         self._process.stdin.write(command + "\n")
         self._process.stdin.flush()
-        while (line := self._next_line()).startswith(EXCHANGE):
-            pass
+        try:
+            line = self._answers.get(timeout=PATIENCE)
+        except queue.Empty:
+            raise TimeoutError("the board says nothing") from None
+        if line is None:
+            raise RuntimeError("the board has ended")
         if line.startswith("error"):
             raise RuntimeError(f"{command}: {line}")
         return line
@@ -55,6 +62,19 @@ class Board(offspring.Running):
     def holds(self, parameter):
         """The number that stands in the board's memory."""
         return int(self.tell(f"get {parameter}").rsplit("= ", 1)[1])
+
+    def take_readings(self):
+        """What has been read of the board since this was asked last, one by one."""
+        return [self._readings.popleft() for _ in range(len(self._readings))]
+
+    def wait_round(self):
+        """Waits until all that the open pages watch has been read from now on.
+
+        The program goes round what is watched. So one number that is read over and over must be
+        watched, and when it is read again, the others have had their turn.
+        """
+        self._readings.clear()
+        wait_for("round of readings", lambda: came_round(list(self._readings)))
 
     def close(self):
         self._process.kill()

@@ -4,6 +4,7 @@ A program that stands on it is worked with keys and mouse, like one on a real di
 shows is read by way of the desktop's accessibility service.
 """
 
+import functools
 import os
 import pathlib
 import shutil
@@ -11,21 +12,24 @@ import subprocess
 import tempfile
 
 import offspring
-from wait import wait_for
+from keyboard import Keyboard
+from screen import Screen
 
 SCREEN = "1280x900x24"
 # Of a picture for a document.
 SMALL = ("-strip", "+dither", "-colors", "256", "-define", "png:compression-level=9")
 
-TOOLS = ("Xvfb", "openbox", "dbus-daemon", "xdotool", "xprop", "import")
+TOOLS = ("Xvfb", "openbox", "dbus-daemon", "xprop", "import", "convert")
 
-# Sanitized builds are told by these how to report.
-PASSED_ON = ("PATH", "ASAN_OPTIONS", "UBSAN_OPTIONS")
+# What the caller may set for the programs on the desk: how sanitized builds report, the time, the
+# time zone, and what Qt makes of the processor. His language is none of theirs.
+PASSED_ON = ("PATH", "ASAN_OPTIONS", "UBSAN_OPTIONS", "LD_PRELOAD", "FAKETIME", "FAKETIME_SHARED",
+             "FAKETIME_DONT_FAKE_MONOTONIC", "TZ", "QT_NO_CPU_FEATURE")
 
 
 class Desk:
-    """Stands from its making to close(); one for each process, as the accessibility service of a
-    process can't change. Raises RuntimeError if a tool is missing or a part doesn't start."""
+    """Stands from its making to close(). Raises RuntimeError if a tool is missing or a part doesn't
+    start."""
 
     def __init__(self, screen=SCREEN):
         missing = [tool for tool in TOOLS if shutil.which(tool) is None]
@@ -47,13 +51,10 @@ class Desk:
             self._start_display(screen)
             self._start_bus()
             self._start_window_manager()
+            self._keyboard = Keyboard(self.environment["DISPLAY"])
         except BaseException:
             self.close()
             raise
-        # The reader of the accessibility service looks here for display and bus.
-        for name in ("DISPLAY", "DBUS_SESSION_BUS_ADDRESS", "XDG_RUNTIME_DIR", "HOME"):
-            os.environ[name] = self.environment[name]
-        os.environ.pop("AT_SPI_BUS_ADDRESS", None)
 
     def _start(self, command, **options):
         return offspring.start(command, env=self.environment, stdin=subprocess.DEVNULL,
@@ -61,9 +62,10 @@ class Desk:
 
     def _start_display(self, screen):
         reader, writer = os.pipe()
-        # A display that starts anew when its last client leaves turns others away meanwhile.
+        # A display that starts anew when its last client leaves turns others away meanwhile. One
+        # that repeats keys does so when a busy machine delays their release.
         self._start(["Xvfb", "-displayfd", str(writer), "-screen", "0", screen,
-                     "-nolisten", "tcp", "-noreset"], pass_fds=[writer], stdout=self._log)
+                     "-nolisten", "tcp", "-noreset", "-r"], pass_fds=[writer], stdout=self._log)
         os.close(writer)
         with open(reader, encoding="ascii") as numbers:
             number = numbers.readline().strip()
@@ -81,9 +83,10 @@ class Desk:
         self.environment["DBUS_SESSION_BUS_ADDRESS"] = address
 
     def _start_window_manager(self):
-        self._start(["openbox"], stdout=self._log)
-        wait_for("window manager", lambda: "window id" in self._ask(
-            "xprop", "-root", "_NET_SUPPORTING_WM_CHECK"))
+        # Windows that come before it says so might never get the keyboard.
+        manager = self._start(["openbox", "--startup", "echo ready"], stdout=subprocess.PIPE)
+        if not manager.stdout.readline():
+            raise RuntimeError(f"no window manager: {self.log()}")
 
     def _ask(self, *command):
         return subprocess.run(command, env=self.environment, stdin=subprocess.DEVNULL,
@@ -97,26 +100,22 @@ class Desk:
 
     def press(self, *keys):
         """Presses keys, such as "Return" or "alt+F4", one after the other."""
-        self._xdotool("key", "--clearmodifiers", *keys)
+        for key in keys:
+            self._keyboard.press(key)
 
     def type(self, text):
-        self._xdotool("type", "--clearmodifiers", "--delay", "5", text)
+        self._keyboard.type(text)
 
     def click(self, x, y):
         """Clicks at a place of the screen, in pixels."""
-        self._xdotool("mousemove", str(x), str(y), "click", "1")
-
-    def _xdotool(self, *arguments):
-        subprocess.run(["xdotool", *arguments], env=self.environment, stdin=subprocess.DEVNULL,
-                       stdout=self._log, stderr=self._log, check=True)
-
-    def _front_window(self):
-        return self._ask("xprop", "-root", "_NET_ACTIVE_WINDOW").rsplit(" ", 1)[-1].strip()
+        self._keyboard.click(x, y)
 
     def active_title(self):
-        """The title of the window in front, as the window manager has it."""
-        title = self._ask("xprop", "-id", self._front_window(), "_NET_WM_NAME")
-        return title.split(" = ", 1)[-1].rstrip("\n")[1:-1]
+        """The title of the window in front; empty if there is none."""
+        return self._keyboard.front_title()
+
+    def _front_window(self):
+        return str(self._keyboard.front_window())
 
     def front_edges(self):
         """What the window manager has drawn around the window in front, in pixels: left, right,
@@ -141,6 +140,11 @@ class Desk:
     def _import(self, *arguments):
         subprocess.run(["import", *arguments], env=self.environment, stdin=subprocess.DEVNULL,
                        stderr=self._log, check=True)
+
+    @functools.cached_property
+    def screen(self):
+        """What the programs on the desk show."""
+        return Screen(self.environment["DBUS_SESSION_BUS_ADDRESS"])
 
     def close(self):
         """Ends everything that was started by this process."""

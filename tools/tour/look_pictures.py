@@ -54,9 +54,10 @@ class LookVisit(Visit):
         self._program.wait_ready()
         self._connect()
         self._open(PAYMENT)
+        self._program.wait_painted()
         self._desk.take_front_window(picture)
         self._program.close_frame()
-        self._program.wait_end(2)
+        self._program.wait_end()
 
 
 def take_other(desk, picture):

@@ -39,10 +39,10 @@ class ManualVisit(Visit):
         self._program.wait_ready()
 
     def _end(self):
-        self._program.put_away(2)
+        self._program.put_away()
 
     def _take(self, name, area):
-        self._desk.take_picture(self._pictures / f"{name}.png", area)
+        self._take_picture(self._pictures / f"{name}.png", area)
 
     def _take_page(self, name, page):
         self._take(f"{name}.{self._language}", page.place)
@@ -93,7 +93,7 @@ class PagesVisit(ManualVisit):
         entries = self._program.entry(path[0]).all("menu item")
         bottom = max(entry.place[1] + entry.place[3] for entry in entries if entry.has("showing"))
         self._take(f"{name}.{self._language}", (left, top, width, bottom + ROOM - top))
-        self._desk.press("Escape", "Escape")
+        self._program.leave_menu()
 
     def take_clock(self):
         page = self._open(CLOCK)

@@ -3,9 +3,12 @@
 import ctypes
 import os
 import pathlib
+import select
 import signal
 import subprocess
 import time
+
+from wait import PATIENCE
 
 PR_SET_PDEATHSIG = 1
 PR_SET_CHILD_SUBREAPER = 36
@@ -45,6 +48,46 @@ class Running:
     def exit_code(self):
         """None while it runs; the negative number of a signal that ended it."""
         return self._process.poll()
+
+    def wait_end(self):
+        """Waits for its end and returns the exit code; TimeoutError if it doesn't end."""
+        if self.is_running():
+            self._wait_ended()
+        return self._process.wait()
+
+    def _wait_ended(self):
+        """The ended process stays known to the kernel until it is waited for."""
+        handle = os.pidfd_open(self._process.pid)
+        try:
+            if not select.select([handle], [], [], PATIENCE)[0]:
+                raise TimeoutError(f"process {self._process.pid} doesn't end")
+        finally:
+            os.close(handle)
+
+    def end_by(self, action):
+        """Does what is to end it; returns the exit code and how many seconds that took.
+
+        What any process of this family stood in line for a processor in the meantime is taken off,
+        so that a busy machine makes no program slow.
+        """
+        begin, before = time.monotonic(), self._stood_in_line()
+        action()
+        self._wait_ended()
+        after = self._stood_in_line()
+        lost = sum(since - before.get(process, 0) for process, since in after.items())
+        seconds = time.monotonic() - begin - lost / 1e9
+        return self._process.wait(), seconds
+
+    def _stood_in_line(self):
+        """For how long each process of this family has been without a processor, in nanoseconds."""
+        found = {}
+        for process in {os.getpid(), self._process.pid, *descendants()}:
+            try:
+                times = pathlib.Path(f"/proc/{process}/schedstat").read_text(encoding="ascii")
+            except OSError:  # it has ended meanwhile, or the kernel doesn't count
+                continue
+            found[process] = int(times.split()[1])
+        return found
 
 
 def descendants():

@@ -16,6 +16,8 @@ import shutil
 import look_pictures
 from desk import SCREEN, Desk
 from manual_pictures import take_manual_pictures
+from panel import put_panel
+from program import END_WITHIN
 from visit import DISCOUNTS, LANGUAGES, PAGES, PAYMENT, Visit
 from wait import wait_for
 
@@ -32,11 +34,16 @@ class Tour(Visit):
         self._pictures = pictures
         self._steps = 0
 
-    def step(self, name, words):
-        """Takes the picture of a step and writes its line."""
+    def step(self, name, words, beside=None):
+        """Takes the picture of a step and writes its line.
+
+        What isn't on the screen can stand beside: a title, and lines.
+        """
         self._steps += 1
-        picture = f"{self._steps:02}-{name}.png"
-        self._desk.take_picture(self._pictures / picture)
+        picture = self._pictures / f"{self._steps:02}-{name}.png"
+        self._take_picture(picture)
+        if beside:
+            put_panel(picture, *beside)
         line = f"{self._steps:02}  {words}"
         print(line, flush=True)
         with open(self._pictures / "tour.txt", "a", encoding="utf-8") as lines:
@@ -74,7 +81,6 @@ class Tour(Visit):
         """Takes a picture of each tab that can be brought to the front."""
         for strip in (strip for strip in page.all("page tab list") if strip.has("enabled")):
             for tab in self._program.tabs_to_the_right(strip):
-                self._wait_settled(page)
                 self.step(f"{name}-tab", f"{words}, tab {tab}.")
 
     def choose_each_payment_system(self):
@@ -91,16 +97,18 @@ class Tour(Visit):
     def change_a_discount(self):
         self._program.choose("Sconti")
         page = self._program.page("Sconti")
-        field = wait_for("field", lambda: page.find("text", "Sconto 3"))
-        wait_for("open field", lambda: field.has("enabled"))
+        self._board.wait_round()
+        field = page.find("text", "Sconto 3")
         old = field.text
         self._program.type_into(field, "0.5")
         wait_for("new discount", lambda: field.text == "0.50")
         self.step("discount", f"Discount 3 was {old}, 0.5 was typed, and {field.text} came back.")
-        held = self._board.holds(THIRD_DISCOUNT)
-        if held != 50:
-            raise RuntimeError(f"the board holds {held} for discount 3")
-        self.step("memory", f"The board, asked for parameter {THIRD_DISCOUNT}, holds {held}.")
+        question = f"get {THIRD_DISCOUNT}"
+        answer = self._board.tell(question)
+        if answer != f"{THIRD_DISCOUNT} = 50":
+            raise RuntimeError(f"the board says {answer} of discount 3")
+        self.step("memory", f"The board holds it: asked \"{question}\" in its terminal, it answers "
+                  f"\"{answer}\".", ("SorvaneBoard, in its terminal", (question, answer)))
 
     def type_garbage(self):
         page = self._program.page("Sconti")
@@ -126,7 +134,7 @@ class Tour(Visit):
         self.step("info", "Info tells the program's name and revision.")
         self._program.point_at("Windows", "2 Info")
         self.step("windows", "Windows lists the pages that stand open.")
-        self._desk.press("Escape", "Escape")
+        self._program.leave_menu()
         self._program.close_page(page)
 
     def change_language(self):
@@ -139,12 +147,22 @@ class Tour(Visit):
         self._program.close_page(page)
 
     def leave(self):
-        self._program.close_frame()
-        code = self._program.wait_end(2)
+        lines = self._close_program()
+        self._start_program()
+        self._program.wait_ready()
+        if self._path(DISCOUNTS)[0] not in self._program.captions():
+            raise RuntimeError(f"the program comes back with {self._program.captions()}")
+        self.step("end", f"The program was closed, left {' and '.join(lines)} in Sorvane.ini, and "
+                  f"comes back in {SECOND_LANGUAGE}.", ("The file Sorvane.ini", lines))
+        self._close_program()
+
+    def _close_program(self):
+        """Returns the lines of the settings that it leaves."""
+        code, seconds = self._program.end_by(self._program.close_frame)
         lines = (self._folder / "Sorvane.ini").read_text(encoding="cp1252").split()
-        if code != 0 or lines != ["Com=1", f"Lingua={SECOND_LANGUAGE}"]:
-            raise RuntimeError(f"the program ended with {code} and left {lines}")
-        self.step("end", f"The program has ended; its settings say {' and '.join(lines)}.")
+        if code != 0 or seconds > END_WITHIN or lines != ["Com=1", f"Lingua={SECOND_LANGUAGE}"]:
+            raise RuntimeError(f"the program ended with {code} in {seconds:.1f} s and left {lines}")
+        return lines
 
 
 def main():
@@ -169,7 +187,8 @@ def main():
             Tour(desk, built, pictures).run()
     finally:
         desk.close()
-    print(f"The pictures are in {pictures}")
+    words = "" if arguments.manual or arguments.look else ", their words in tour.txt beside them"
+    print(f"The pictures are in {pictures}{words}")
 
 
 if __name__ == "__main__":

@@ -3,11 +3,12 @@
 import shutil
 import time
 
-from board import Board
+from board import Board, came_round
 from program import Program
+from screen import names, texts, values, with_state
 from wait import wait_for
 
-SETTLED = 0.6  # seconds for which nothing on a page changes
+QUIET = 0.6  # seconds for which the program asks nothing of the board
 
 # The ways to the pages through the menu: lines of the language files, and captions that all
 # languages share.
@@ -58,20 +59,43 @@ class Visit:
         return page
 
     def _wait_settled(self, page):
-        seen, since = None, 0
+        """Waits until all that the page watches has been read and shows no change.
+
+        That is so once something has been read again after the last change, or when nothing is read
+        any more.
+        """
+        seen, since, readings = None, 0, []
+        self._board.take_readings()
 
         def settled():
             nonlocal seen, since
-            now = [(field.text, field.has("enabled")) for field in page.all("text")]
-            now += [label.name for label in page.all("label")]
-            now += [(bar.has("showing"), bar.value) for bar in page.all("progress bar")]
+            new = self._board.take_readings()
+            readings.extend(new)
+            now = self._shown(page)
+            if now != seen or new:
+                since = time.monotonic()
             if now != seen:
-                seen, since = now, time.monotonic()
-            return time.monotonic() - since > SETTLED
+                seen = now
+                readings[:] = set(readings)
+            return came_round(readings) or (
+                time.monotonic() - since > QUIET and not self._program.lamp("Transmit"))
 
         wait_for("page at rest", settled)
 
+    @staticmethod
+    def _shown(page):
+        fields, bars = page.all("text"), page.all("progress bar")
+        return (texts(fields), with_state(fields, "enabled"), names(page.all("label")),
+                with_state(bars, "showing"), values(bars))
+
+    def _take_picture(self, path, area=None):
+        self._program.wait_painted()
+        self._desk.take_picture(path, area)
+
     def _choose_system(self, page, key):
         """Moves the slider of the payment systems by a key and waits for what follows."""
-        self._program.press_in(page.all("slider")[0], key)
+        slider = page.all("slider")[0]
+        before = slider.value
+        self._program.press_in(slider, key)
+        wait_for("another system", lambda: slider.value != before)
         self._wait_settled(page)

@@ -2,8 +2,9 @@
 
 import time
 
-PATIENCE = 15.0  # seconds; far beyond what the slowest build needs for one step
-LOOK_EVERY = 0.02  # seconds
+PATIENCE = 60.0  # seconds; far beyond what one step takes on the slowest and busiest machine
+FIRST_LOOK = 0.002  # seconds until the second look, then twice as long each time
+LOOK_EVERY = 0.02  # seconds, in the end
 
 
 def wait_for(what, condition, limit=PATIENCE):
@@ -12,10 +13,12 @@ def wait_for(what, condition, limit=PATIENCE):
     Raises TimeoutError, which names what was waited for, after limit seconds.
     """
     end = time.monotonic() + limit
+    pause = FIRST_LOOK
     while True:
         found = condition()
         if found:
             return found
         if time.monotonic() > end:
             raise TimeoutError(f"no {what} within {limit:g} s")
-        time.sleep(LOOK_EVERY)
+        time.sleep(pause)
+        pause = min(2 * pause, LOOK_EVERY)
