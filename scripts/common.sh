@@ -5,7 +5,7 @@ program_packages=(cmake ninja-build g++ qt6-base-dev qt6-base-dev-tools libcli11
 
 # A virtual display, and keys and eyes for it.
 desk_packages=(
-  xvfb openbox xdotool x11-utils imagemagick dbus at-spi2-core python3 python3-gi gir1.2-atspi-2.0
+  xvfb openbox xdotool x11-utils imagemagick dbus at-spi2-core python3 python3-gi
 )
 
 # The tests of the release.
