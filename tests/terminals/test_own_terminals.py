@@ -49,7 +49,9 @@ def shared():
 class OwnTerminals(unittest.TestCase):
     def check(self, **options):
         """The terminals are others than the machine's, or there is a line that tells why not."""
-        done = run(WRAPPER, sys.executable, "-c", TELL, **options)
+        # As a text, from a folder that all may see: another user may not see this checkout.
+        done = run("-c", WRAPPER.read_text(encoding="utf-8"), sys.executable, "-c", TELL, cwd="/",
+                   **options)
         file_system, named, user, *_ = done.stdout.split()
         self.assertEqual(file_system, named)
         self.assertEqual(int(user), options.get("user", os.getuid()))
