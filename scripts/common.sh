@@ -88,8 +88,9 @@ stage() {
 
 # The same for a stage without which none of the following can pass: they are left out if it fails.
 need() {
+  local before=$failed
   stage "$@"
-  [ "$failed" -eq 0 ] || finish
+  [ "$failed" -eq "$before" ] || finish
 }
 
 # Tells the time of each stage, the sum, and how many stages passed. Ends the script; it fails if any
