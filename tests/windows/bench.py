@@ -23,15 +23,15 @@ _pictures = itertools.count(1)
 
 
 class HeardBoard(Board):
-    """The board, with all lines that it has printed up to its last answer."""
+    """The board, with all lines that it has printed: those up to an answer once that has come."""
 
     def __init__(self, *arguments):
         self.heard = []
         super().__init__(*arguments)
 
-    def _next_line(self):
-        self.heard.append(super()._next_line())
-        return self.heard[-1]
+    def _hear(self, line):
+        self.heard.append(line)
+        super()._hear(line)
 
 
 class Bench:

@@ -39,11 +39,15 @@ class Board(offspring.Running):
 
     def _read(self):
         for line in self._process.stdout:
-            if line.startswith("read "):
-                self._readings.append(line.split("=")[0])
-            elif not line.startswith(EXCHANGE):
-                self._answers.put(line.rstrip("\n"))
+            self._hear(line.rstrip("\n"))
         self._answers.put(None)
+
+    def _hear(self, line):
+        """Takes a line that the board has printed; called by the thread that reads them."""
+        if line.startswith("read "):
+            self._readings.append(line.split("=")[0])
+        elif not line.startswith(EXCHANGE):
+            self._answers.put(line)
 
     def tell(self, command):
         """Gives the board a command and returns its answer."""
