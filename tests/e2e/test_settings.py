@@ -12,6 +12,10 @@ class Settings(Scene):
         super().setUp()
         self.connect()
 
+    def open(self, *path, title):
+        super().open(*path, title=title)
+        self.wait_filled()
+
     def text(self, name):
         return wait_for(f"field {name}", lambda: self.page.find("text", name))
 

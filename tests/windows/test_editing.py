@@ -26,6 +26,7 @@ class Editing(Scene):
         self.set_forms(sDecimal=".", sThousand=",")
         self.connect()
         self.open(DISCOUNTS, 10)
+        self.board.wait_round()  # what is typed while the program reads it is lost
         self.app.type_into(2, 5, "0.4")
         self.app.wait_text(2, "0.40")
         self.take_picture("discount")
