@@ -60,6 +60,3 @@ class Keyboard:
         title = name.value or b""
         _x11.XFree(name)
         return title.decode("utf-8")
-
-    def close(self):
-        _xdo.xdo_free(self._xdo)
