@@ -6,7 +6,7 @@ import re
 import subprocess
 import tempfile
 
-WINE = "/usr/lib/wine/wine64"
+WINE = pathlib.Path(__file__).resolve().parents[2] / "scripts/wine"
 LIMIT = 120.0  # seconds for a program that is waited for, on a busy machine
 
 PORTS = r"HKLM\Software\Wine\Ports"
@@ -20,13 +20,8 @@ class Prefix:
 
     def __init__(self, folder, environment=None):
         self._folder = pathlib.Path(folder).absolute()
-        # Nothing is asked for on the way: the runtimes of .NET and of web pages stay out, and so do
-        # entries in the menus of the machine. A program that crashes ends with the crash's code,
-        # not with that of a debugger, which can be 0.
-        self._environment = {
-            **(os.environ if environment is None else environment),
-            "WINEPREFIX": str(self._folder), "WINEDEBUG": "-all",
-            "WINEDLLOVERRIDES": "mscoree,mshtml=;winemenubuilder.exe,winedbg.exe=d"}
+        self._environment = {**(os.environ if environment is None else environment),
+                             "WINEPREFIX": str(self._folder)}
         self._stop()  # what a run that was broken off has left
         if not (self._folder / "system.reg").exists():
             self._folder.mkdir(parents=True, exist_ok=True)
