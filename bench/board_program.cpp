@@ -10,6 +10,7 @@
 
 #include "pages/frm_info.h"
 #include "pages/program_pages.h"
+#include "platform/com_port_path.h"
 #include "shell/qt_timer.h"
 
 namespace sorvane::bench {
@@ -47,7 +48,7 @@ BoardProgram::BoardProgram(const Setup& setup)
       gate_({.report = [this](const std::string& text,
                               const std::function<void()>&) { trouble_ = text; },
              .leave = [this](int) { trouble_ += "(the program has ended)"; }}),
-      port_(MakeSerialPort(folder_.Path(),
+      port_(MakeSerialPort([this](int number) { return ComPortPath(folder_.Path(), number); },
                            [this](const std::function<void()>& handler) { gate_.Run(handler); })),
       link_({.tables = tables,
              .port = *port_,

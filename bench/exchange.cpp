@@ -12,6 +12,7 @@
 #include "board/board_tables.h"
 #include "link/frame.h"
 #include "link/link_engine.h"
+#include "platform/com_port_path.h"
 #include "platform/serial_port.h"
 #include "shell/program_gate.h"
 #include "shell/qt_timer.h"
@@ -43,6 +44,7 @@ class Ours {
     state_.ExchangeSize = 1;
     port_->on_comm = [this](int comm_event) { engine_.ReceiveReply(comm_event); };
     engine_.on_finished = [this] { OnFinished(); };
+    port_->SetCommPort(1);
     port_->SetCommPort(1);
     port_->Open();
   }
@@ -77,8 +79,9 @@ class Ours {
   ProgramGate gate_{
       {.report = [this](const std::string&, const std::function<void()>&) { loop_.quit(); },
        .leave = [this](int) { loop_.quit(); }}};
-  std::unique_ptr<Port> port_ = MakeSerialPort(
-      folder_.Path(), [this](const std::function<void()>& handler) { gate_.Run(handler); });
+  std::unique_ptr<Port> port_ =
+      MakeSerialPort([this](int number) { return ComPortPath(folder_.Path(), number); },
+                     [this](const std::function<void()>& handler) { gate_.Run(handler); });
   LinkEngine engine_{state_, tables_, *port_, lamps_, MakeQtTimers(gate_)};
   int done_ = 0;
   int good_ = 0;

@@ -58,9 +58,11 @@ void LineWatch::Open() {
 }
 
 void LineWatch::Close() {
+  const bool dead = std::exchange(dead_, false);
   open_ = false;
   in_.clear();
   if (stage_ == Stage::kUnloaded) return;
+  if (dead && may_ask_anew_) return;  // Retry opens a lost port once more
   Require(in_flight_ && !in_event_, "a timeout alone closes the port");
   Require(clock_.Now() == deadline_, "a timeout comes 1000 ms after the frame");
   in_flight_ = false;
@@ -173,7 +175,7 @@ void LineWatch::Told(const Reply& reply) {
 }
 
 void LineWatch::Deliver(const Bytes& bytes) {
-  if (!open_ || vanished_ || bytes.empty()) return;
+  if (!open_ || dead_ || bytes.empty()) return;
   in_.insert(in_.end(), bytes.begin(), bytes.end());
   const Verdict verdict = Judge();
   if (verdict == Verdict::kGood && stage_ == Stage::kStanding) Store();

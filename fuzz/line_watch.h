@@ -26,13 +26,18 @@ class LineWatch : public Port {
 
   void SetCommPort(int number) override;
   bool PortOpen() const override { return open_; }
+  bool Vanished() const override { return dead_; }
   void Open() override;
   void Close() override;
   void Output(const Bytes& frame) override;
   std::size_t InBufferCount() const override { return in_.size(); }
   Bytes Input() override;
 
-  void Vanish(bool vanished) { vanished_ = vanished; }
+  // The device goes, or is back. A port that was open then stays dead until it is closed.
+  void Vanish(bool vanished) {
+    vanished_ = vanished;
+    dead_ = open_ && (dead_ || vanished);
+  }
   void RefuseOpen(bool refused) { refused_ = refused; }
 
   // What the target does with the connection, told before it does it.
@@ -81,6 +86,7 @@ class LineWatch : public Port {
 
   bool open_ = false;
   bool vanished_ = false;
+  bool dead_ = false;
   bool refused_ = false;
   Bytes in_;
 

@@ -13,6 +13,7 @@
 #include "link/link_lamps.h"
 #include "pages/frm_info.h"
 #include "pages/program_pages.h"
+#include "platform/com_port_path.h"
 #include "platform/serial_port.h"
 #include "platform/start_program.h"
 #include "platform/usb_adapter.h"
@@ -62,7 +63,8 @@ int main(int argc, char** argv) {
   ParameterAccess access(tables);
   LinkLamps lamps;
   const std::unique_ptr<Port> port =
-      MakeSerialPort(folder, [&](const std::function<void()>& handler) { gate.Run(handler); });
+      MakeSerialPort([&](int number) { return ComPortPath(folder, number); },
+                     [&](const std::function<void()>& handler) { gate.Run(handler); });
   FrmSer link({.tables = tables,
                .port = *port,
                .lamps = lamps,

@@ -122,7 +122,7 @@ void FrmSer::OpenPort(uint8_t) {
 }
 
 void FrmSer::PortLost() {
-  // While a box stands, its answer will find the port closed.
+  // While a box stands, Retry opens the port once more.
   if (stage_ != Stage::kBox) ShowPortError();
 }
 
@@ -174,12 +174,22 @@ void FrmSer::EndWait() {
     if (answer == Answer::kCancel) {
       ConnectAbandoned = true;
       on_loaded();
-    } else if (!out_.port.PortOpen()) {
-      ShowPortError();
     } else {
-      Guarded([this] { AskSystemParameter(); });
+      Guarded([this] { AskAgain(); });
     }
   });
+}
+
+// A device that has vanished behind the box swallows the question until it is opened again.
+void FrmSer::AskAgain() {
+  try {
+    if (out_.port.Vanished()) out_.port.Close();
+    if (!out_.port.PortOpen()) out_.port.Open();
+  } catch (const RuntimeError&) {
+    ShowPortError();
+    return;
+  }
+  AskSystemParameter();
 }
 
 void FrmSer::TakeSystemParameter(uint8_t value) {

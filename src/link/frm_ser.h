@@ -78,6 +78,7 @@ class FrmSer {
   void Decide();
   void LoadSecondLevelFile();
   void FinishLoad();
+  void AskAgain();
   void PortLost();
   void ShowPortError();
 

@@ -18,10 +18,15 @@ class Port {
  public:
   virtual ~Port() = default;
 
-  // The number of the port that the next Open opens. Throws RuntimeError kPort while open.
+  // Which port the next Open opens, and every further one up to the next call: the number's device
+  // is chosen here, and a connection that is opened again stays with it. Throws RuntimeError kPort
+  // while open.
   virtual void SetCommPort(int number) = 0;
 
   virtual bool PortOpen() const = 0;
+
+  // Whether the device of the open port has vanished; false if it is closed.
+  virtual bool Vanished() const = 0;
 
   // Opens the port and throws away what lies in its buffers. Throws RuntimeError kPort where it is
   // missing, held by another program, or open already.

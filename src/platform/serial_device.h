@@ -37,9 +37,9 @@ class SerialDevice {
   virtual Bytes TakeAll() = 0;
 };
 
-// Opens the serial port of a number, 1 or more; folder is the program's. Throws RuntimeError kPort
-// for a device that is missing, held, or no serial port.
-std::unique_ptr<SerialDevice> OpenSerialDevice(const std::filesystem::path& folder, int number,
+// Opens the serial port at a path. Throws RuntimeError kPort for a device that is missing, held, or
+// no serial port.
+std::unique_ptr<SerialDevice> OpenSerialDevice(const std::filesystem::path& path,
                                                SerialDeviceListener& listener);
 
 }  // namespace sorvane

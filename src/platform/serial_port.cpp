@@ -12,20 +12,21 @@ namespace {
 
 class SerialPort : public QObject, public Port, private SerialDeviceListener {
  public:
-  SerialPort(std::filesystem::path folder, EnterEvent enter)
-      : folder_(std::move(folder)), enter_(std::move(enter)) {}
+  SerialPort(FindPort find_port, EnterEvent enter)
+      : find_port_(std::move(find_port)), enter_(std::move(enter)) {}
 
   void SetCommPort(int number) override {
     if (open_) throw RuntimeError(ErrorCode::kPort);
-    number_ = number;
+    path_ = find_port_(number);
   }
 
   bool PortOpen() const override { return open_; }
 
   void Open() override {
     if (open_) throw RuntimeError(ErrorCode::kPort);
-    device_ = OpenSerialDevice(folder_, number_, *this);
+    device_ = OpenSerialDevice(path_, *this);
     open_ = true;
+    vanished_ = false;
     ++opening_;
   }
 
@@ -33,6 +34,8 @@ class SerialPort : public QObject, public Port, private SerialDeviceListener {
     device_.reset();
     open_ = false;
   }
+
+  bool Vanished() const override { return open_ && vanished_; }
 
   void Output(const Bytes& bytes) override {
     if (!open_) throw RuntimeError(ErrorCode::kPort);
@@ -51,24 +54,26 @@ class SerialPort : public QObject, public Port, private SerialDeviceListener {
   // A device that vanished would raise errors without end. It is closed in an event of its own,
   // since it may be at work right now, unless it has been closed by then.
   void OnLost() override {
+    vanished_ = true;
     const auto close = [this, opening = opening_] {
       if (opening == opening_) device_.reset();
     };
     QMetaObject::invokeMethod(this, close, Qt::QueuedConnection);
   }
 
-  std::filesystem::path folder_;
+  FindPort find_port_;
   EnterEvent enter_;
-  int number_ = 1;
+  std::filesystem::path path_;
   int opening_ = 0;  // tells the loss of one opening's device from that of the next
   bool open_ = false;
+  bool vanished_ = false;                 // since the last opening
   std::unique_ptr<SerialDevice> device_;  // none while closed or vanished
 };
 
 }  // namespace
 
-std::unique_ptr<Port> MakeSerialPort(const std::filesystem::path& folder, EnterEvent enter) {
-  return std::make_unique<SerialPort>(folder, std::move(enter));
+std::unique_ptr<Port> MakeSerialPort(FindPort find_port, EnterEvent enter) {
+  return std::make_unique<SerialPort>(std::move(find_port), std::move(enter));
 }
 
 }  // namespace sorvane

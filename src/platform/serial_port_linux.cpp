@@ -11,14 +11,14 @@
 #include <utility>
 
 #include "board/errors.h"
-#include "platform/com_port_path.h"
 #include "platform/serial_device.h"
 
 namespace sorvane {
 namespace {
 
-// A device that is open for this program alone. The lock ends with the program, however it ends;
-// the exclusive mode of a terminal, which others use, wouldn't hold off a privileged user.
+// A device that is open for this program alone. The lock ends with the program, however it ends.
+// The exclusive mode of a terminal is respected in others and never taken: with a second holder of
+// the terminal it would outlive this program, and keep out whoever comes next, this program first.
 class DeviceFile {
  public:
   // Throws RuntimeError kPort for a device that is missing or held.
@@ -64,9 +64,6 @@ class LinuxSerialDevice : public SerialDevice {
   LinuxSerialDevice(const std::filesystem::path& device, SerialDeviceListener& listener)
       : listener_(listener), file_(device) {
     if (!SetLine(file_.Number())) throw RuntimeError(ErrorCode::kPort);
-    // A pseudo-terminal would stay in exclusive mode after a program that was killed, and turn the
-    // next one away.
-    if (device.parent_path() != "/dev/pts") ioctl(file_.Number(), TIOCEXCL);
     tcflush(file_.Number(), TCIOFLUSH);
     QObject::connect(&arrival_, &QSocketNotifier::activated, &arrival_, [this] { OnArrival(); });
     QObject::connect(&room_, &QSocketNotifier::activated, &room_, [this] { SendWaiting(); });
@@ -128,9 +125,9 @@ class LinuxSerialDevice : public SerialDevice {
 
 }  // namespace
 
-std::unique_ptr<SerialDevice> OpenSerialDevice(const std::filesystem::path& folder, int number,
+std::unique_ptr<SerialDevice> OpenSerialDevice(const std::filesystem::path& path,
                                                SerialDeviceListener& listener) {
-  return std::make_unique<LinuxSerialDevice>(ComPortPath(folder, number), listener);
+  return std::make_unique<LinuxSerialDevice>(path, listener);
 }
 
 }  // namespace sorvane

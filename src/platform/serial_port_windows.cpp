@@ -3,7 +3,6 @@
 #include <QObject>
 #include <QWinEventNotifier>
 #include <optional>
-#include <string>
 #include <utility>
 
 #include "board/errors.h"
@@ -22,8 +21,7 @@ using Handle = std::unique_ptr<void, CloseHandleOf>;
 
 // Keeps the port for this program alone. Throws RuntimeError kPort for a port that is missing or
 // held.
-Handle OpenAlone(int number) {
-  const std::wstring path = L"\\\\.\\COM" + std::to_wstring(number);
+Handle OpenAlone(const std::filesystem::path& path) {
   const DWORD not_shared = 0;
   const HANDLE port = CreateFileW(path.c_str(), GENERIC_READ | GENERIC_WRITE, not_shared, nullptr,
                                   OPEN_EXISTING, FILE_FLAG_OVERLAPPED, nullptr);
@@ -123,8 +121,8 @@ class Request {
 // the driver's buffer behind that byte is read with it.
 class WindowsSerialDevice : public SerialDevice {
  public:
-  WindowsSerialDevice(int number, SerialDeviceListener& listener)
-      : listener_(listener), port_(OpenAlone(number)) {
+  WindowsSerialDevice(const std::filesystem::path& path, SerialDeviceListener& listener)
+      : listener_(listener), port_(OpenAlone(path)) {
     COMMTIMEOUTS none{};
     const bool ready = SetupComm(port_.get(), kReceiveBuffer, kTransmitBuffer) &&
                        SetLine(port_.get()) && SetCommTimeouts(port_.get(), &none) &&
@@ -212,9 +210,9 @@ class WindowsSerialDevice : public SerialDevice {
 
 }  // namespace
 
-std::unique_ptr<SerialDevice> OpenSerialDevice(const std::filesystem::path&, int number,
+std::unique_ptr<SerialDevice> OpenSerialDevice(const std::filesystem::path& path,
                                                SerialDeviceListener& listener) {
-  return std::make_unique<WindowsSerialDevice>(number, listener);
+  return std::make_unique<WindowsSerialDevice>(path, listener);
 }
 
 }  // namespace sorvane

@@ -94,6 +94,67 @@ TEST_F(PortLossTest, DuringIdentificationAReopenThatFailsIsErrorCom) {
   link.wire.ExpectNothing();
 }
 
+TEST_F(PortLossTest, OnlyConnectChoosesThePort) {
+  link.Connect();
+  EXPECT_EQ(link.wire.Choices(), 1);
+  link.wire.Vanish();
+  Watch();
+  link.clock.Advance(2500);
+  link.wire.ComeBack();
+  link.clock.Advance(5000);
+  EXPECT_EQ(link.wire.Choices(), 1);
+  link.ser.Unload();
+  link.Connect();
+  EXPECT_EQ(link.wire.Choices(), 2);
+}
+
+TEST_F(PortLossTest, RetryAsksAtOnceWhenThePortIsBack) {
+  link.board.SwitchOff();
+  link.Load();
+  link.clock.Advance(1000);
+  link.dialogs.Expect("Board Not Ready\nCheck serial !", "Serial", 53);
+  link.wire.Vanish();
+  link.wire.ComeBack();
+  link.board.SwitchOn();
+  link.wire.Forget();
+  link.dialogs.Answer(Answer::kRetry);
+  link.wire.Expect(kFirstQuestion);
+  link.clock.Advance(100);
+  EXPECT_EQ(link.loaded, 1);
+  EXPECT_FALSE(link.ser.ConnectAbandoned);
+  link.dialogs.ExpectNone();
+}
+
+TEST_F(PortLossTest, RetryAsksAtOnceWhenThePortIsBackAfterTheProgramHasGivenItUp) {
+  // With this divider the frame is repeated behind the box, and the port opened anew each time.
+  link.tables.ParameterTable(0, 0).At(4) = 2;
+  link.board.SwitchOff();
+  link.Load();
+  link.clock.Advance(2000);
+  link.wire.Vanish();
+  link.clock.Advance(5000);
+  EXPECT_FALSE(link.wire.PortOpen());
+  link.wire.ComeBack();
+  link.wire.Forget();
+  link.dialogs.Answer(Answer::kRetry);
+  link.wire.Expect(kFirstQuestion);
+  EXPECT_EQ(link.dialogs.Shown().size(), 1U);
+}
+
+TEST_F(PortLossTest, RetryWithoutThePortIsErrorCom) {
+  link.board.SwitchOff();
+  link.Load();
+  link.clock.Advance(1000);
+  link.wire.Vanish();
+  link.wire.Forget();
+  link.dialogs.Expect("Board Not Ready\nCheck serial !", "Serial", 53);
+  link.dialogs.Answer(Answer::kRetry);
+  link.dialogs.Expect("Error com", "ERROR ", 16);
+  link.wire.ExpectNothing();
+  link.dialogs.Answer(Answer::kOk);
+  EXPECT_TRUE(link.ser.ConnectAbandoned);
+}
+
 TEST_F(PortLossTest, APortLostBehindTheBoxOfASilentBoardIsToldAfterRetry) {
   // With this divider the frame is repeated at 1000 and at 2000 ms, and again behind the box.
   link.tables.ParameterTable(0, 0).At(4) = 2;

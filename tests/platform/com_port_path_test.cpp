@@ -16,15 +16,16 @@ class ComPortPathTest : public ::testing::Test {
   TempFolder folder_;
 };
 
-TEST_F(ComPortPathTest, TheLinkInTheFolderLeadsToTheDevice) {
+TEST_F(ComPortPathTest, ALinkInTheFolderIsThePort) {
   Link("/dev/null", "COM1");
-  EXPECT_EQ(ComPortPath(folder_.Path(), 1), "/dev/null");
+  EXPECT_EQ(ComPortPath(folder_.Path(), 1), folder_.Path() / "COM1");
 }
 
-TEST_F(ComPortPathTest, ALinkToALinkIsResolved) {
-  Link("/dev/null", "first");
-  Link("first", "COM1");
-  EXPECT_EQ(ComPortPath(folder_.Path(), 1), "/dev/null");
+TEST_F(ComPortPathTest, ALinkOfAnotherNumberIsAnotherPort) {
+  Link("/dev/null", "COM2");
+  EXPECT_EQ(ComPortPath(folder_.Path(), 1), "/dev/ttyS0");
+  EXPECT_EQ(ComPortPath(folder_.Path(), 2), folder_.Path() / "COM2");
+  EXPECT_EQ(ComPortPath(folder_.Path(), 3), "/dev/ttyS2");
 }
 
 TEST_F(ComPortPathTest, WithoutALinkItIsTheComputersOwnPort) {

@@ -10,6 +10,7 @@
 #include <thread>
 
 #include "board/errors.h"
+#include "platform/com_port_path.h"
 #include "platform/event_loop.h"
 #include "platform/serial_port.h"
 #include "platform/test_line.h"
@@ -20,7 +21,8 @@ namespace sorvane::test {
 class SerialPortTest : public ::testing::Test {
  protected:
   std::unique_ptr<Port> MakePort() {
-    auto port = MakeSerialPort(line_.Folder(), [this](const std::function<void()>& handler) {
+    const auto find_port = [this](int number) { return ComPortPath(line_.Folder(), number); };
+    auto port = MakeSerialPort(find_port, [this](const std::function<void()>& handler) {
       ++entered_;
       if (gate_open_) handler();
     });

@@ -80,8 +80,9 @@ TEST_F(StartProgramTest, TheProgramStartsInTheCurrentFolder) {
 
 TEST_F(StartProgramTest, TheProgramInheritsNoOpenPort) {
   const PseudoTerminal line;
-  std::filesystem::create_symlink(line.Device(), folder_.Path() / "COM1");
-  const auto port = MakeSerialPort(folder_.Path(), [](const std::function<void()>&) {});
+  const auto port =
+      MakeSerialPort([&](int) { return line.Device(); }, [](const std::function<void()>&) {});
+  port->SetCommPort(1);
   port->Open();
   WriteProgram("ls -l /proc/$$/fd");
   EXPECT_TRUE(StartProgram(Program()));

@@ -19,6 +19,7 @@ std::string InWords(const Bytes& bytes) { return ::testing::PrintToString(bytes)
 void MemoryPort::SetCommPort(int number) {
   if (open_) throw RuntimeError(ErrorCode::kPort);
   number_ = number;
+  ++choices_;
 }
 
 void MemoryPort::Open() {

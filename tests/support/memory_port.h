@@ -17,6 +17,7 @@ class MemoryPort : public Port {
  public:
   void SetCommPort(int number) override;
   bool PortOpen() const override { return open_; }
+  bool Vanished() const override { return dead_; }
   void Open() override;
   void Close() override;
   void Output(const Bytes& bytes) override;
@@ -44,6 +45,9 @@ class MemoryPort : public Port {
   }
   void ComeBack() { vanished_ = false; }
 
+  // How often the number of the port was set.
+  int Choices() const { return choices_; }
+
   // Opens that were asked for, those that succeeded, and closes of an open port.
   int OpenAttempts() const { return open_attempts_; }
   int Opens() const { return opens_; }
@@ -70,6 +74,7 @@ class MemoryPort : public Port {
   bool refuse_open_ = false;
   bool fail_next_open_ = false;
   bool fail_next_output_ = false;
+  int choices_ = 0;
   int open_attempts_ = 0;
   int opens_ = 0;
   int closes_ = 0;

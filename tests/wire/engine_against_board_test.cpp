@@ -7,6 +7,7 @@
 #include "board/board_tables.h"
 #include "board/parameter_access.h"
 #include "link/frm_ser.h"
+#include "platform/com_port_path.h"
 #include "platform/event_loop.h"
 #include "platform/serial_port.h"
 #include "shell/program_gate.h"
@@ -86,8 +87,9 @@ class Wire : public testing::Test {
   ProgramGate gate{{.report = [this](const std::string& text,
                                      const std::function<void()>&) { reports.push_back(text); },
                     .leave = [](int) {}}};
-  std::unique_ptr<Port> port = MakeSerialPort(
-      files.Path(), [this](const std::function<void()>& handler) { gate.Run(handler); });
+  std::unique_ptr<Port> port =
+      MakeSerialPort([this](int number) { return ComPortPath(files.Path(), number); },
+                     [this](const std::function<void()>& handler) { gate.Run(handler); });
   FrmSer link{{.tables = tables,
                .port = *port,
                .lamps = lamps,

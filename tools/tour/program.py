@@ -257,10 +257,7 @@ class Program(offspring.Running):
         self._desk.click(left + width - 10, top - 10)
 
     def put_away(self):
-        """Ends the program if it still runs: by closing its frame, by force if that doesn't help.
-
-        A program that is killed leaves the lock of its port behind.
-        """
+        """Ends the program if it still runs: by closing its frame, by force if that doesn't help."""
         try:
             if self.is_running():
                 self.close_frame()

@@ -1,7 +1,7 @@
-#include "platform/com_port_path.h"
-
 #include <string>
 #include <system_error>
+
+#include "platform/com_port_path.h"
 
 namespace sorvane {
 
@@ -9,11 +9,8 @@ std::filesystem::path ComPortPath(const std::filesystem::path& folder, int numbe
   const std::filesystem::path link =
       std::filesystem::absolute(folder) / ("COM" + std::to_string(number));
   std::error_code error;
-  if (!std::filesystem::is_symlink(link, error)) {
-    return "/dev/ttyS" + std::to_string(number - 1);
-  }
-  const std::filesystem::path device = std::filesystem::canonical(link, error);
-  return error ? link : device;
+  if (std::filesystem::is_symlink(link, error)) return link;
+  return "/dev/ttyS" + std::to_string(number - 1);
 }
 
 }  // namespace sorvane
