@@ -83,7 +83,7 @@ bool CommandLine::Read(int argc, const char* const* argv, int& exit_code) {
   try {
     parser_->app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
-    exit_code = parser_->app.exit(error);
+    exit_code = parser_->app.exit(error) == 0 ? 0 : kUsageError;
     return false;
   }
   return true;

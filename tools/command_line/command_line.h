@@ -52,8 +52,12 @@ class CommandLine {
   // Whether this command stood on the line.
   bool IsChosen() const;
 
-  // Sets the variables. Where the program has nothing to do, since help was asked for or the line
-  // can't be read, says so to the user, gives false and sets exit_code.
+  // What a program ends with whose line can't be read.
+  static constexpr int kUsageError = 2;
+
+  // Sets the variables. Where the program has nothing to do, gives false and sets exit_code: to 0
+  // where help was asked for, which it prints, and to kUsageError where the line can't be read,
+  // which it says on standard error.
   bool Read(int argc, const char* const* argv, int& exit_code);
 
  private:

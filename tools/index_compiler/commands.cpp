@@ -7,6 +7,7 @@
 #include <iterator>
 #include <optional>
 #include <string>
+#include <system_error>
 #include <utility>
 
 #include "board/errors.h"
@@ -28,18 +29,29 @@ int Fail(const path& file, const std::string& words, std::ostream& errors) {
 
 // Nothing if the file can't be read or has an error, which then has been told.
 std::optional<IndexTable> ReadTable(const path& file, std::ostream& errors) {
-  std::ifstream in(file, std::ios::binary);
-  if (!in || !std::filesystem::is_regular_file(file)) {
+  // Opening a pipe would wait for one who writes into it.
+  std::error_code error;
+  std::ifstream in;
+  if (std::filesystem::is_regular_file(file, error)) in.open(file, std::ios::binary);
+  if (!in.is_open()) {
     Fail(file, "can't be read", errors);
     return std::nullopt;
   }
   const std::string text{std::istreambuf_iterator<char>(in), {}};
   ParsedTable parsed = ParseIndexTable(text);
-  for (const TableError& error : parsed.errors) {
-    errors << file.string() << ":" << error.line << ": " << error.words << "\n";
+  for (const TableError& found : parsed.errors) {
+    errors << file.string() << ":" << found.line << ": " << found.words << "\n";
   }
   if (!parsed.errors.empty()) return std::nullopt;
   return std::move(parsed.table);
+}
+
+// Whether writing to a file would overwrite the one that is read; if so, it has been told.
+bool IsSource(const path& file, const path& source, std::ostream& errors) {
+  std::error_code error;
+  if (!std::filesystem::equivalent(file, source, error)) return false;
+  Fail(file, "is the source itself, which isn't overwritten", errors);
+  return true;
 }
 
 int WriteBytes(const path& file, const std::string& bytes, std::ostream& errors) {
@@ -52,6 +64,7 @@ int WriteBytes(const path& file, const std::string& bytes, std::ostream& errors)
 }  // namespace
 
 int CompileTable(const path& table, const path& index_file, std::ostream& errors) {
+  if (IsSource(index_file, table, errors)) return kFailed;
   const auto read = ReadTable(table, errors);
   if (!read) return kFailed;
   const std::vector<uint8_t> bytes = IndexFileBytes(*read);
@@ -60,6 +73,7 @@ int CompileTable(const path& table, const path& index_file, std::ostream& errors
 
 int DecompileIndex(const path& index_file, int level, const path& names, const path& table,
                    std::ostream& errors) {
+  if (IsSource(table, index_file, errors)) return kFailed;
   IndexTable result{level, {}};
   try {
     for (const IndexRecord& record : ReadIndexFile(index_file, RecordSize(level))) {

@@ -8,7 +8,8 @@ namespace sorvane {
 
 // The commands of SorvaneIndex. Each tells all that is wrong to errors, one finding a line, as
 // "file:line: words", or "file: words" for a file as a whole, and returns the program's exit code:
-// 0 if nothing was wrong, else 1.
+// 0 if nothing was wrong, else 1. A file that is both read and to be written, be it by another path
+// or link, is an error and stays as it was.
 
 // Writes the index file of a table; a table with an error leaves the index file as it was.
 int CompileTable(const std::filesystem::path& table, const std::filesystem::path& index_file,

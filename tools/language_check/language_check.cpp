@@ -153,7 +153,7 @@ std::vector<Finding> CheckLanguages(const std::filesystem::path& folder,
 }
 
 int ReportLanguages(const std::filesystem::path& folder, const std::string& reference,
-                    std::ostream& out) {
+                    std::ostream& out, std::ostream& errors) {
   try {
     const std::vector<Finding> findings = CheckLanguages(folder, reference);
     for (const Finding& finding : findings) {
@@ -161,7 +161,7 @@ int ReportLanguages(const std::filesystem::path& folder, const std::string& refe
     }
     return findings.empty() ? 0 : 1;
   } catch (const std::exception& failure) {
-    out << failure.what() << '\n';
+    errors << failure.what() << '\n';
     return 2;
   }
 }

@@ -21,9 +21,9 @@ struct Finding {
 std::vector<Finding> CheckLanguages(const std::filesystem::path& folder,
                                     const std::string& reference);
 
-// Prints each finding as "NAME.lng:LINE: words". Returns the program's exit code: 0 without
-// findings, 1 with any, 2 if the check itself failed, with the reason printed.
+// Prints each finding as "NAME.lng:LINE: words" to out. Returns the program's exit code: 0 without
+// findings, 1 with any, 2 if the check itself failed, with the reason printed to errors.
 int ReportLanguages(const std::filesystem::path& folder, const std::string& reference,
-                    std::ostream& out);
+                    std::ostream& out, std::ostream& errors);
 
 }  // namespace sorvane

@@ -5,13 +5,17 @@
 #include <fstream>
 #include <iterator>
 #include <stdexcept>
+#include <system_error>
 
 namespace sorvane {
 
 LanguageLines ReadLanguageFile(const std::filesystem::path& path) {
-  std::ifstream file(path, std::ios::binary);
+  // Opening a pipe would wait for one who writes into it.
+  std::error_code error;
+  std::ifstream file;
+  if (std::filesystem::is_regular_file(path, error)) file.open(path, std::ios::binary);
+  if (!file.is_open()) throw std::runtime_error("can't read " + path.string());
   const std::string bytes{std::istreambuf_iterator<char>(file), {}};
-  if (!file) throw std::runtime_error("can't read " + path.string());
   LanguageLines lines;
   for (std::size_t start = 0; start < bytes.size();) {
     const std::size_t feed = std::min(bytes.find('\n', start), bytes.size());

@@ -12,5 +12,5 @@ int main(int argc, char** argv) {
   line.AddOption("--reference", reference, "Name of the reference, without .lng");
   int exit_code = 0;
   if (!line.Read(argc, argv, exit_code)) return exit_code;
-  return sorvane::ReportLanguages(folder, reference, std::cout);
+  return sorvane::ReportLanguages(folder, reference, std::cout, std::cerr);
 }

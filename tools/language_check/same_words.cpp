@@ -4,11 +4,18 @@
 #include <fstream>
 #include <sstream>
 #include <stdexcept>
+#include <system_error>
 
 namespace sorvane {
 
 SameWords::SameWords(const std::filesystem::path& path) {
-  std::ifstream file(path);
+  std::error_code error;
+  const auto kind = std::filesystem::status(path, error).type();
+  if (kind == std::filesystem::file_type::not_found) return;
+  // Opening a pipe would wait for one who writes into it.
+  std::ifstream file;
+  if (kind == std::filesystem::file_type::regular) file.open(path);
+  if (!file.is_open()) throw std::runtime_error("can't read " + path.string());
   std::string text;
   for (int number = 1; std::getline(file, text); ++number) {
     if (text.ends_with('\r')) text.pop_back();

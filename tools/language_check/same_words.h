@@ -16,8 +16,8 @@ namespace sorvane {
 // passed over.
 class SameWords {
  public:
-  // A file that isn't there allows nothing. Throws std::runtime_error, with the number of the
-  // line, for an entry that isn't built so.
+  // A file that isn't there allows nothing. Throws std::runtime_error for one that can't be read,
+  // and, with the number of the line, for an entry that isn't built so.
   explicit SameWords(const std::filesystem::path& path);
 
   // The words count with the entry: it lapses once the reference says something else.

@@ -35,10 +35,11 @@ class OneOfEach : public testing::Test {
     return goes_on;
   }
 
-  // A refused line tells why and ends the program with an error.
+  // A refused line tells why on standard error and ends the program with 2.
   void ExpectRefused(const std::vector<const char*>& words, const std::string& why) {
     EXPECT_FALSE(Read(words));
-    EXPECT_NE(exit_code, 0);
+    EXPECT_EQ(exit_code, 2);
+    EXPECT_EQ(printed, "");
     EXPECT_NE(complaint.find(why), std::string::npos) << complaint;
   }
 

@@ -138,6 +138,25 @@ TEST_F(Commands, FileThatIsNotThereIsToldByItsName) {
             Name("none.txt") + ": can't be read\n" + Name("none.inx") + ": can't be read\n");
 }
 
+TEST_F(Commands, ASourceIsNotOverwritten) {
+  const std::string text = "level 1\n1 || 00 00 01 | 1 | 0 |\n";
+  const path table = Write("t.txt", text);
+  const std::string words = ": is the source itself, which isn't overwritten\n";
+  EXPECT_EQ(CompileTable(table, table, errors_), 1);
+  EXPECT_EQ(Read(table), text);
+  EXPECT_EQ(errors_.str(), Name("t.txt") + words);
+
+  const path index_file = Write("t.inx", std::string("\2\0\0\0\1", 5));
+  EXPECT_EQ(DecompileIndex(index_file, 1, {}, folder_ / "." / "t.inx", errors_), 1);
+  EXPECT_EQ(Read(index_file), std::string("\2\0\0\0\1", 5));
+  EXPECT_EQ(errors_.str(), Name("t.txt") + words + (folder_ / "." / "t.inx").string() + words);
+}
+
+TEST_F(Commands, FolderInPlaceOfATableIsToldByItsName) {
+  EXPECT_EQ(CheckTables({folder_}, errors_), 1);
+  EXPECT_EQ(errors_.str(), folder_.string() + ": can't be read\n");
+}
+
 TEST_F(Commands, FileThatCannotBeWrittenIsToldByItsName) {
   const path table = Write("t.txt", "level 1\n1 || 00 00 01 | 1 | 0 |\n");
   EXPECT_EQ(CompileTable(table, folder_ / "no folder" / "t.inx", errors_), 1);

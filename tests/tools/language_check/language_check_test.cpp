@@ -221,8 +221,10 @@ TEST_F(LanguageCheckTest, AnEntryOfTheListWithoutLineOrWordsIsRefusedWithItsNumb
   for (const char* entry : {"Seconda Token", "99 Seconda", "0 Seconda Token"}) {
     Write("same-words.txt", std::string("# words\n") + entry + "\n");
     std::ostringstream out;
-    EXPECT_EQ(ReportLanguages(folder_, "Prima", out), 2);
-    EXPECT_EQ(out.str(), "same-words.txt:2: not a line number, languages and words\n");
+    std::ostringstream errors;
+    EXPECT_EQ(ReportLanguages(folder_, "Prima", out, errors), 2);
+    EXPECT_EQ(errors.str(), "same-words.txt:2: not a line number, languages and words\n");
+    EXPECT_EQ(out.str(), "");
   }
 }
 
@@ -241,10 +243,12 @@ TEST_F(LanguageCheckTest, ALineThatEndsInALineFeedAloneOrNotAtAllIsFound) {
   bytes.resize(bytes.size() - 2);
   Write("Seconda.lng", bytes);
   std::ostringstream out;
-  EXPECT_EQ(ReportLanguages(folder_, "Prima", out), 1);
+  std::ostringstream errors;
+  EXPECT_EQ(ReportLanguages(folder_, "Prima", out, errors), 1);
   EXPECT_EQ(out.str(),
             "Seconda.lng:2: doesn't end in carriage return and line feed\n"
             "Seconda.lng:102: doesn't end in carriage return and line feed\n");
+  EXPECT_EQ(errors.str(), "");
 }
 
 TEST_F(LanguageCheckTest, FindingsComeReferenceFirstThenByNameAndLine) {
@@ -274,14 +278,32 @@ TEST_F(LanguageCheckTest, FilesOfOtherKindsArePassedOver) {
 TEST_F(LanguageCheckTest, TheReportEndsInZeroWithoutFindingsAndPrintsNothing) {
   WriteLanguages();
   std::ostringstream out;
-  EXPECT_EQ(ReportLanguages(folder_, "Prima", out), 0);
+  std::ostringstream errors;
+  EXPECT_EQ(ReportLanguages(folder_, "Prima", out, errors), 0);
   EXPECT_EQ(out.str(), "");
+  EXPECT_EQ(errors.str(), "");
 }
 
 TEST_F(LanguageCheckTest, TheReportEndsInTwoIfTheReferenceIsMissing) {
   std::ostringstream out;
-  EXPECT_EQ(ReportLanguages(folder_, "Prima", out), 2);
-  EXPECT_THAT(out.str(), HasSubstr("Prima.lng"));
+  std::ostringstream errors;
+  EXPECT_EQ(ReportLanguages(folder_, "Prima", out, errors), 2);
+  EXPECT_THAT(errors.str(), HasSubstr("Prima.lng"));
+  EXPECT_EQ(out.str(), "");
+}
+
+TEST_F(LanguageCheckTest, AFolderInPlaceOfAFileCantBeRead) {
+  for (const char* name : {"Seconda.lng", "same-words.txt"}) {
+    WriteLanguages();
+    std::filesystem::remove(folder_ / name);
+    std::filesystem::create_directory(folder_ / name);
+    std::ostringstream out;
+    std::ostringstream errors;
+    EXPECT_EQ(ReportLanguages(folder_, "Prima", out, errors), 2);
+    EXPECT_EQ(errors.str(), "can't read " + (folder_ / name).string() + "\n");
+    EXPECT_EQ(out.str(), "");
+    std::filesystem::remove(folder_ / name);
+  }
 }
 
 }  // namespace

@@ -65,8 +65,10 @@ std::string Text(const LanguageLines& lines, int line) {
 
 TEST(ShippedLanguages, HaveNoFindings) {
   std::ostringstream out;
-  EXPECT_EQ(ReportLanguages(DataFolder() / "languages", "Italiano", out), 0);
+  std::ostringstream errors;
+  EXPECT_EQ(ReportLanguages(DataFolder() / "languages", "Italiano", out, errors), 0);
   EXPECT_EQ(out.str(), "");
+  EXPECT_EQ(errors.str(), "");
 }
 
 TEST(ShippedLanguages, AreTenAndItalianAndEnglishAreNotTheTenthByName) {
