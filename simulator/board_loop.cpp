@@ -18,11 +18,11 @@ namespace {
 
 using std::chrono::seconds;
 
-// Where the link leads while the cable is unplugged: a place where there is never anything. The old
-// terminal's name would not do, since the system gives it to the next one who asks.
-constexpr const char* kNowhere = "/dev/pts/unplugged";
-
 void Print(std::string_view line) { std::cout << line << std::endl; }
+
+void PrintIfAny(std::string_view line) {
+  if (!line.empty()) Print(line);
+}
 
 DateTime PcTime() {
   const std::time_t now = std::time(nullptr);
@@ -59,6 +59,8 @@ BoardLoop::BoardLoop(const Options& options)
   line_.SetBaud(options.baud);
   board_.FaultState().Set(options.fault);
 }
+
+BoardLoop::~BoardLoop() { PrintIfAny(link_.GiveBack()); }
 
 Micros BoardLoop::Now() const {
   return std::chrono::duration_cast<Micros>(std::chrono::steady_clock::now() - start_);
@@ -109,8 +111,7 @@ void BoardLoop::ReadCommands() {
 }
 
 void BoardLoop::ObeyLine(const std::string& line) {
-  const std::string answer = console_.Obey(line);
-  if (!answer.empty()) Print(answer);
+  PrintIfAny(console_.Obey(line));
   FollowPlug();
 }
 
@@ -120,13 +121,15 @@ void BoardLoop::FollowPlug() {
   linked_ = true;
   if (plugged) {
     terminal_.emplace();
-    link_.PointTo(terminal_->Path());
+    const std::string replaced = link_.PointTo(terminal_->Path());
     Print("line " + link_.Path().string() + " leads to " + terminal_->Path().string());
+    PrintIfAny(replaced);
   } else {
-    link_.PointTo(kNowhere);
+    const std::string replaced = link_.PointNowhere();
     terminal_.reset();
     line_.Clear();
     Print("line " + link_.Path().string() + " is unplugged");
+    PrintIfAny(replaced);
   }
 }
 

@@ -8,6 +8,7 @@
 #include "simulator/console.h"
 #include "simulator/line_buffer.h"
 #include "simulator/options.h"
+#include "simulator/port_link.h"
 #include "simulator/serial_line.h"
 #include "simulator/simulated_board.h"
 #include "simulator/terminal.h"
@@ -21,9 +22,14 @@ class BoardLoop {
   // Throws std::runtime_error if the index files can't be read.
   explicit BoardLoop(const Options& options);
 
-  // Runs until the command quit, or the signals for interruption, termination or hang-up; the link
-  // is gone then. The end of standard input ends nothing. Throws std::exception if the
-  // pseudo-terminal or the link can't be made.
+  // Gives the link's place back and prints what stands there again.
+  ~BoardLoop();
+  BoardLoop(const BoardLoop&) = delete;
+  BoardLoop& operator=(const BoardLoop&) = delete;
+
+  // Runs until the command quit, or the signals for interruption, termination or hang-up. The end
+  // of standard input ends nothing. Throws std::exception if the pseudo-terminal or the link can't
+  // be made.
   void Run();
 
  private:

@@ -7,10 +7,8 @@
 
 #include <array>
 #include <cerrno>
-#include <stdexcept>
 #include <string>
 #include <system_error>
-#include <utility>
 
 namespace sorvane::simulator {
 namespace {
@@ -64,27 +62,6 @@ Bytes Terminal::Read() {
 
 void Terminal::Write(const Bytes& bytes) {
   [[maybe_unused]] const ssize_t count = write(board_end_.Number(), bytes.data(), bytes.size());
-}
-
-PortLink::PortLink(std::filesystem::path path) : path_(std::move(path)) {}
-
-PortLink::~PortLink() {
-  std::error_code error;
-  if (target_.empty() || std::filesystem::read_symlink(path_, error) != target_) return;
-  std::filesystem::remove(path_, error);
-}
-
-void PortLink::PointTo(const std::filesystem::path& target) {
-  if (std::filesystem::exists(std::filesystem::symlink_status(path_)) &&
-      !std::filesystem::is_symlink(path_)) {
-    throw std::runtime_error(path_.string() + " is there and is no link");
-  }
-  // Made beside its place and moved, so that there is no moment without a link.
-  std::filesystem::path fresh = path_;
-  fresh += "." + std::to_string(getpid());
-  std::filesystem::create_symlink(target, fresh);
-  std::filesystem::rename(fresh, path_);
-  target_ = target;
 }
 
 }  // namespace sorvane::simulator

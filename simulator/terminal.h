@@ -46,25 +46,4 @@ class Terminal {
   Descriptor pc_end_;
 };
 
-// The link under which the PC's program finds the terminal. It is removed with its owner, unless
-// somebody else has put another link in its place.
-class PortLink {
- public:
-  // Nothing is made before PointTo. path's folder must be there.
-  explicit PortLink(std::filesystem::path path);
-  ~PortLink();
-  PortLink(const PortLink&) = delete;
-  PortLink& operator=(const PortLink&) = delete;
-
-  const std::filesystem::path& Path() const { return path_; }
-
-  // Makes the link, or replaces the one that is there. Throws std::runtime_error if something else
-  // stands in its place, or if it can't be made.
-  void PointTo(const std::filesystem::path& target);
-
- private:
-  std::filesystem::path path_;
-  std::filesystem::path target_;
-};
-
 }  // namespace sorvane::simulator

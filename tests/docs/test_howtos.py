@@ -54,7 +54,7 @@ class HowTos(unittest.TestCase):
         self.addCleanup(folder.cleanup)
         self.folder = pathlib.Path(folder.name)
         shutil.copytree(os.environ["SORVANE_FOLDER"], self.folder / "Sorvane",
-                        ignore=shutil.ignore_patterns("COM1"))
+                        ignore=shutil.ignore_patterns("COM1*"))
         shutil.copytree(ROOT / "data", self.folder / "data")
         tools = os.environ["SORVANE_TOOLS"]
         self.environment = {**os.environ, "LC_ALL": "C.UTF-8",

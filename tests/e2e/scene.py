@@ -34,7 +34,7 @@ class Scene(unittest.TestCase):
         self.parent = self.desk.folder / f"scene{next(self._numbers)}"
         self.folder = self.parent / "Sorvane"
         shutil.copytree(self.built, self.folder, symlinks=True,
-                        ignore=shutil.ignore_patterns("COM1"))
+                        ignore=shutil.ignore_patterns("COM1*"))
         self.settings = self.folder / "Sorvane.ini"
         self.settings.write_bytes(SETTINGS)
         sibling = self.parent / "ARDENZA.EXE"

@@ -9,6 +9,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <fstream>
 #include <stdexcept>
 
 namespace sorvane::simulator {
@@ -22,6 +23,13 @@ bool WaitFor(int descriptor, short events) {
 }
 
 }  // namespace
+
+OtherProcess::OtherProcess(pid_t number)
+    : number_(number), process_(static_cast<int>(syscall(SYS_pidfd_open, number, 0))) {
+  if (process_.Number() < 0) throw std::runtime_error("no such process");
+}
+
+bool OtherProcess::Ends() const { return WaitFor(process_.Number(), POLLIN); }
 
 BoardProcess::BoardProcess(const std::vector<std::string>& arguments) {
   std::array<int, 2> input{};
@@ -54,8 +62,11 @@ BoardProcess::BoardProcess(const std::vector<std::string>& arguments) {
 
 BoardProcess::~BoardProcess() {
   if (ended_) return;
+  std::optional<OtherProcess> guard;
+  if (const pid_t number = Guard(); number != 0) guard.emplace(number);
   kill(pid_, SIGKILL);
   waitpid(pid_, nullptr, 0);
+  if (guard) guard->Ends();
 }
 
 std::string BoardProcess::NextLine() {
@@ -80,11 +91,23 @@ void BoardProcess::Type(const std::string& line) {
   }
 }
 
+bool BoardProcess::OutputEnds() {
+  char character = 0;
+  return WaitFor(output_->Number(), POLLIN) && read(output_->Number(), &character, 1) == 0;
+}
+
+pid_t BoardProcess::Guard() const {
+  const std::string process = "/proc/" + std::to_string(pid_);
+  std::ifstream children(process + "/task/" + std::to_string(pid_) + "/children");
+  pid_t guard = 0;
+  children >> guard;
+  return guard;
+}
+
 void BoardProcess::Signal(int signal) const { kill(pid_, signal); }
 
 std::optional<int> BoardProcess::Exit() {
-  const Descriptor process(static_cast<int>(syscall(SYS_pidfd_open, pid_, 0)));
-  if (!WaitFor(process.Number(), POLLIN)) return std::nullopt;
+  if (!OtherProcess(pid_).Ends()) return std::nullopt;
   int status = 0;
   ended_ = waitpid(pid_, &status, 0) == pid_;
   if (!ended_ || !WIFEXITED(status)) return std::nullopt;

@@ -12,8 +12,23 @@
 
 namespace sorvane::simulator {
 
-// The real SorvaneBoard, started with some arguments; killed at the end if it still runs. All
-// waiting ends after ten seconds, with what has come by then.
+// A process of the machine, known by its number while it can't have been given to another.
+class OtherProcess {
+ public:
+  explicit OtherProcess(pid_t number);
+
+  pid_t Number() const { return number_; }
+
+  // Waits for its end; false if it doesn't end in ten seconds.
+  bool Ends() const;
+
+ private:
+  const pid_t number_;
+  const Descriptor process_;
+};
+
+// The real SorvaneBoard, started with some arguments; killed at the end if it still runs, and its
+// guard waited for. All waiting ends after ten seconds, with what has come by then.
 class BoardProcess {
  public:
   explicit BoardProcess(const std::vector<std::string>& arguments);
@@ -30,10 +45,18 @@ class BoardProcess {
   // Its standard input comes to an end.
   void CloseInput() { input_.reset(); }
 
+  // Waits until nobody is left who could write to its output, from which nothing more may come.
+  bool OutputEnds();
+
   // Nobody reads its output any longer.
   void CloseOutput() { output_.reset(); }
 
   void Signal(int signal) const;
+
+  pid_t Number() const { return pid_; }
+
+  // The process that outlives it; the number is 0 if it has none.
+  pid_t Guard() const;
 
   // Waits for its end: its exit code, none if it doesn't end or ends by a signal.
   std::optional<int> Exit();

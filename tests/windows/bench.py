@@ -54,7 +54,7 @@ class Bench:
     def board_folder(self):
         """A folder for the simulated board, in which the line COM1 comes and goes."""
         folder = self.desk.folder / "board"
-        shutil.copytree(places.LINUX_FOLDER, folder, ignore=shutil.ignore_patterns("COM1"))
+        shutil.copytree(places.LINUX_FOLDER, folder, ignore=shutil.ignore_patterns("COM1*"))
         return folder
 
     @functools.cached_property

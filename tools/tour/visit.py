@@ -26,7 +26,7 @@ class Visit:
         self._desk = desk
         self._folder = desk.folder / name / "Sorvane"
         shutil.copytree(built, self._folder, symlinks=True,
-                        ignore=shutil.ignore_patterns("COM1"))
+                        ignore=shutil.ignore_patterns("COM1*"))
         settings = f"Com=1\r\nLingua={language}\r\n"
         (self._folder / "Sorvane.ini").write_bytes(settings.encode("cp1252"))
         self._read_captions(language)
