@@ -5,6 +5,7 @@ import fcntl
 import os
 import termios
 
+from board import Board
 from scene import CONNECTED_ENTRIES, NOT_READY, Scene
 from program import Box
 from wait import wait_for
@@ -125,6 +126,20 @@ class APortThatCantBeHad(Scene):
         self.assertEqual(self.open_entries(), [])
         (self.folder / "COM1").unlink()
         self.start_board()
+        self.program.choose("Connect")
+        self.wait_connected()
+
+    def test_a_board_that_was_killed_leaves_the_link_to_the_adapter(self):
+        adapter = self.parent / "adapter"
+        self.start_board("--link", str(adapter))  # stands for the adapter and what is behind it
+        link = self.folder / "COM1"
+        link.symlink_to(adapter)
+        training = Board(self.folder, self.desk.environment)
+        self.addCleanup(training.close)
+        self.assertNotEqual(os.readlink(link), str(adapter))
+        training.close()
+        wait_for("link to the adapter", lambda: os.readlink(link) == str(adapter))
+        self.start()
         self.program.choose("Connect")
         self.wait_connected()
 
