@@ -15,7 +15,6 @@ namespace fs = std::filesystem;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
-using testing::StartsWith;
 
 const fs::path kAdapter = "/dev/serial/by-id/adapter";
 
@@ -226,7 +225,8 @@ class NoFormerLink : public TechniciansLink {
 TEST_F(NoFormerLink, AKilledBoardLeavesNone) {
   BoardProcess board(Arguments());
   ExpectLine(board);
-  std::ofstream(link_.string() + "." + std::to_string(board.Number()));  // not moved yet
+  // A link that it had no time to move.
+  fs::create_symlink("/dev/pts/0", link_.string() + "." + std::to_string(board.Number()));
   Kill(board);
   EXPECT_THAT(Others(folder_.Path()), IsEmpty());
 }

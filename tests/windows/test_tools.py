@@ -41,6 +41,12 @@ class Tools(unittest.TestCase):
         self.assertEqual(told.returncode, 1)
         self.assertIn(b"wrong.txt:2:", told.stdout + told.stderr)
 
+    def test_a_source_is_spared_and_a_bad_line_refused_in_the_same_words(self):
+        spared = self.run_both("SorvaneIndex", "compile", "W0309.txt", "languages/../W0309.txt")
+        self.assertEqual(spared.returncode, 1)
+        self.assertEqual(self.run_both("SorvaneIndex", "compile").returncode, 2)
+        self.assertEqual(self.run_both("SorvaneLanguages").returncode, 2)
+
     def test_language_files_are_checked_in_the_same_words(self):
         self.run_both("SorvaneLanguages", "languages")
         (self.folders["linux"] / "languages" / "Dansk.lng").write_bytes(b"Adgangskode\r\n")
