@@ -8,14 +8,15 @@ namespace sorvane {
 struct Reply;
 
 // What stands inside a child window of the main frame. Its objectName is the form's name, its
-// window title the caption. The host calls the four operations below, each through the gate; a form
+// window title the caption. The host calls the five operations below, each through the gate; a form
 // is loaded and unloaded exactly once, and a form that is opened again is a new one.
 class ChildForm : public QWidget {
  public:
   explicit ChildForm(const QString& form_name) { setObjectName(form_name); }
 
   virtual void Load() = 0;
-  virtual void Activate() {}  // it has come to the front
+  virtual void Activate() {}    // it has come to the front
+  virtual void Deactivate() {}  // another form has come to the front
   virtual void Unload() {}
   virtual void ReplyNotice(const Reply&) {}
 

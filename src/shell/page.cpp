@@ -19,9 +19,7 @@ QString ControlName(const char* array, int index) {
 }
 
 Page::Page(PageServices services, const QString& form_name)
-    : ChildForm(form_name), services_(services) {
-  new FocusKeeper(services.gate, this);  // a child of the page
-}
+    : ChildForm(form_name), services_(services), focus_(new FocusKeeper(services.gate, this)) {}
 
 void Page::Load() {
   LoadPageCaptions();
@@ -29,6 +27,8 @@ void Page::Load() {
 }
 
 void Page::Activate() { LoadPageCaptions(); }
+
+void Page::Deactivate() { focus_->Leave(); }
 
 void Page::Unload() {
   for (const int32_t index : WatchedParameters()) {

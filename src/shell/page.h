@@ -12,6 +12,7 @@ class QLabel;
 namespace sorvane {
 
 class EntryBox;
+class FocusKeeper;
 
 // The name of a control in an array of controls: "Text1(3)".
 QString ControlName(const char* array, int index);
@@ -29,6 +30,7 @@ class Page : public ChildForm {
   // The order of loading that most pages share: captions, watches.
   void Load() override;
   void Activate() final;
+  void Deactivate() final;
   void Unload() final;
   void ReplyNotice(const Reply& reply) final;
 
@@ -70,6 +72,7 @@ class Page : public ChildForm {
 
  private:
   PageServices services_;
+  FocusKeeper* focus_;
 };
 
 }  // namespace sorvane

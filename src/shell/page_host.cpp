@@ -153,12 +153,15 @@ void PageHost::FillWindowsMenu(QMenu& menu) {
 void PageHost::OnActivated(QMdiSubWindow* window) {
   const auto open = std::find(windows_.begin(), windows_.end(), window);
   if (open == windows_.end()) return;
+  Window* before = std::exchange(front_, *open);
+  if (before != nullptr && before != front_) before->Form().Deactivate();
   (*open)->Form().Activate();
   // Its captions may have grown; a window that the user has enlarged stays as large.
   if (!(*open)->isMinimized()) (*open)->resize((*open)->size().expandedTo(RoomOf(**open)));
 }
 
 void PageHost::OnClosed(Window& window) {
+  if (front_ == &window) front_ = nullptr;
   if (std::erase(windows_, &window) > 0) window.Form().Unload();
 }
 

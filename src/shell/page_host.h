@@ -57,6 +57,7 @@ class PageHost : public QObject {
   QMdiArea& area_;
   const QWidget& frame_;
   std::vector<Window*> windows_;  // open ones, in the order of their loading
+  Window* front_ = nullptr;       // the one of them that came to the front last
 };
 
 }  // namespace sorvane

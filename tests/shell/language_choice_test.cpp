@@ -109,14 +109,18 @@ TEST(LanguageChoice, WithoutAPageNothingOpens) {
   EXPECT_TRUE(program.frame->findChild<QMdiArea*>()->subWindowList().isEmpty());
 }
 
-TEST(LanguageChoice, LeavesWhatIsBeingTypedOnThePage) {
+TEST(LanguageChoice, TakesTheFocusFromTheFieldAndGivesItBack) {
   Program program;
   program.link.SetBoardNumber(2, 10);
   program.Connect();
   program.Open("MnuSconti");
+  const QString shown = program.Text("FrmSconti", "Text1(0)");
   program.TypeOnly("FrmSconti", "Text1(0)", "12");
   program.Choose("smnuLingue(1)");
-  EXPECT_EQ(program.Text("FrmSconti", "Text1(0)"), "12");
+  EXPECT_TRUE(program.Find("FrmSconti", "Text1(0)").hasFocus());
+  EXPECT_EQ(program.Text("FrmSconti", "Text1(0)"), "");
+  EXPECT_NE(shown, "");
+  EXPECT_EQ(program.Find("FrmSconti", "Text1(0)").property("savedText"), shown);
 }
 
 TEST(LanguageChoice, MakesRoomForLongerCaptions) {

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QWidget>
+#include <utility>
 
 #include "shell/controls/entry_box.h"
 #include "shell/guarded_connect.h"
@@ -42,19 +43,25 @@ void FocusKeeper::MoveTo(QWidget* now) {
     if (holder_ != nullptr && holder_->isEnabled() && holder_->isVisible()) holder_->setFocus();
     return;
   }
-  if (now == holder_ || !Holds(page_, now)) return;
+  if (!Holds(page_, now) || (now == holder_ && !lost_)) return;
   TellLoss();
   holder_ = now;
+  lost_ = false;
   if (auto* box = qobject_cast<EntryBox*>(now)) box->GotFocus();
 }
 
+void FocusKeeper::Leave() { TellLoss(); }
+
 void FocusKeeper::TellLoss() {
+  if (std::exchange(lost_, true)) return;
   if (auto* box = qobject_cast<EntryBox*>(holder_.data())) box->LostFocus();
-  holder_ = nullptr;
 }
 
 void FocusKeeper::Release(QWidget& control) {
-  if (Holds(control, holder_)) TellLoss();
+  if (Holds(control, holder_)) {
+    TellLoss();
+    holder_ = nullptr;
+  }
   if (Holds(control, page_.window()->focusWidget())) {
     // Also right while a box is in front: the page then has the focus when the box has gone.
     page_.setFocus();

@@ -18,9 +18,10 @@ void SetOpen(QWidget& control, bool open);
 // Tells the entry boxes of one page when they get and lose the focus. A page makes one; it is a
 // child of the page widget and lives as long.
 //
-// Only a move to another control of the same page is a loss. While a box, a menu, another window or
-// another page is in front the entry box keeps what is being typed, and coming back to it is no
-// gain. A click on the page's bare ground is no move: the control that had the focus has it again.
+// A move to another control of the same page is a loss, and so is another page in front; coming
+// back from that one is a new gain. While a box, a menu or another program is in front the entry
+// box keeps what is being typed, and coming back to it is no gain. A click on the page's bare
+// ground is no move: the control that had the focus has it again.
 //
 // The page widget takes the focus of a page that is opened, so that no field gets it unasked, but
 // it takes no part in the order of Tab. What only holds controls (frames, scroll areas) must have
@@ -31,6 +32,9 @@ class FocusKeeper : public QObject {
  public:
   FocusKeeper(ProgramGate& gate, QWidget* page);
 
+  // Another page has come to the front; the page's host tells.
+  void Leave();
+
   // Takes the focus from control, or from what stands inside it. Part of SetOpen.
   void Release(QWidget& control);
 
@@ -40,6 +44,7 @@ class FocusKeeper : public QObject {
 
   QWidget& page_;
   QPointer<QWidget> holder_;  // the control of the page that had the focus last
+  bool lost_ = false;         // it has been told that it lost it
 };
 
 }  // namespace sorvane

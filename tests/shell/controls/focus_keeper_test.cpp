@@ -7,6 +7,7 @@
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPointer>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -49,11 +50,20 @@ struct TestPage : QWidget {
 struct FocusTest : testing::Test, GateBench {
   QMainWindow frame;
   QMdiArea* area = new QMdiArea;
+  QPointer<QMdiSubWindow> front;
   TestPage* page = nullptr;
 
   FocusTest() {
     frame.setCentralWidget(area);
     frame.menuBar()->addMenu("File")->addAction("Nothing");
+    QObject::connect(area, &QMdiArea::subWindowActivated,
+                     [this](QMdiSubWindow* window) { ComeToFront(window); });
+  }
+  // Tells the page that was in front, as the host of the pages does.
+  void ComeToFront(QMdiSubWindow* window) {
+    if (window == nullptr || window == front) return;
+    if (front) dynamic_cast<TestPage&>(*front->widget()).keeper->Leave();
+    front = window;
   }
   void SetUp() override {
     frame.resize(600, 500);
@@ -153,38 +163,83 @@ TEST_F(FocusTest, MenuIsNoLossAndItsEndNoGain) {
   EXPECT_EQ(page->first->text(), "9");
 }
 
-TEST_F(FocusTest, AnotherPageInFrontIsNoLossAndComingBackNoGain) {
+TEST_F(FocusTest, AnotherPageInFrontIsALossAndComingBackANewGain) {
   page->first->setFocus();
   QTest::keyClicks(page->first, "9");
   TestPage* other = OpenPage();
   EXPECT_EQ(Focus(), other);
+  EXPECT_EQ(page->first->text(), "1,00");
   other->second->setFocus();
-  EXPECT_EQ(page->first->text(), "9");
+  page->first->SetText("3,00");
   BringToFront(page);
   EXPECT_EQ(Focus(), page->first);
-  EXPECT_EQ(page->first->text(), "9");
-  EXPECT_EQ(page->first->SavedText(), "1,00");
+  EXPECT_EQ(page->first->text(), "");
+  EXPECT_EQ(page->first->SavedText(), "3,00");
+  EXPECT_EQ(other->second->text(), "2,00");
 }
 
-TEST_F(FocusTest, LossComesWhenThePageIsEnteredAgainAtAnotherControl) {
+TEST_F(FocusTest, LossBehindAnotherPageIsToldOnce) {
+  page->first->setFocus();
+  TestPage* other = OpenPage();
+  other->first->setFocus();
+  page->first->SetText("3,00");
+  page->first->SetOpen(false);
+  EXPECT_EQ(page->first->text(), "3,00");
+  page->first->SetOpen(true);
+  page->second->setFocus();
+  EXPECT_EQ(page->first->text(), "3,00");
+}
+
+TEST_F(FocusTest, PageThatIsEnteredAgainAtAnotherControlGivesTheFocusToThatOneAlone) {
   page->first->setFocus();
   QTest::keyClicks(page->first, "9");
   TestPage* other = OpenPage();
   other->first->setFocus();
+  page->first->SetText("3,00");
   page->second->setFocus();
-  EXPECT_EQ(page->first->text(), "1,00");
+  EXPECT_EQ(page->first->text(), "3,00");
   EXPECT_EQ(page->second->text(), "");
-  EXPECT_EQ(other->first->text(), "");
+  EXPECT_EQ(other->first->text(), "1,00");
+  page->first->setFocus();
+  EXPECT_EQ(page->first->SavedText(), "3,00");
+  EXPECT_EQ(page->second->text(), "2,00");
 }
 
-TEST_F(FocusTest, PageBehindAClosedOneKeepsWhatIsBeingTyped) {
+TEST_F(FocusTest, ClickOnTheBareGroundOfAPageBehindIsAGainOfItsLastField) {
+  page->first->setFocus();
+  QTest::keyClicks(page->first, "9");
+  OpenPage();
+  page->ClickGround();
+  EXPECT_EQ(Focus(), page->first);
+  EXPECT_EQ(page->first->text(), "");
+  EXPECT_EQ(page->first->SavedText(), "1,00");
+}
+
+TEST_F(FocusTest, PageThatLeavesTheFrontWithoutTheKeyboardHasLostItsFocusToo) {
+  page->first->setFocus();
+  QTest::keyClicks(page->first, "9");
+  {
+    QDialog box(&frame);
+    ShowActive(box);
+    TestPage* other = OpenPage();
+    EXPECT_EQ(page->first->text(), "1,00");
+    BringToFront(page);
+    other->parentWidget()->close();
+  }
+  ShowActive(frame);
+  EXPECT_EQ(Focus(), page->first);
+  EXPECT_EQ(page->first->text(), "");
+}
+
+TEST_F(FocusTest, PageBehindAClosedOneHasItsFieldEmptied) {
   page->first->setFocus();
   QTest::keyClicks(page->first, "9");
   TestPage* other = OpenPage();
   other->first->setFocus();
   other->parentWidget()->close();
   EXPECT_EQ(Focus(), page->first);
-  EXPECT_EQ(page->first->text(), "9");
+  EXPECT_EQ(page->first->text(), "");
+  EXPECT_EQ(page->first->SavedText(), "1,00");
 }
 
 TEST_F(FocusTest, PageBehindAClosedOneGivesItsFieldsNoFocusUnasked) {
