@@ -95,6 +95,7 @@ void FrmSer::OnStep() {
       return;
     case Stage::kUnloaded:
     case Stage::kBox:
+    case Stage::kLastBox:
     case Stage::kStanding:
       return;
   }
@@ -123,7 +124,7 @@ void FrmSer::OpenPort(uint8_t) {
 
 void FrmSer::PortLost() {
   // While a box stands, Retry opens the port once more.
-  if (stage_ != Stage::kBox) ShowPortError();
+  if (stage_ != Stage::kBox && stage_ != Stage::kLastBox) ShowPortError();
 }
 
 void FrmSer::ShowPortError() {
@@ -285,7 +286,7 @@ bool FrmSer::LoadStep(const std::function<void()>& step) {
 }
 
 void FrmSer::ShowAndEnd(const MessageBox& box) {
-  stage_ = Stage::kBox;
+  stage_ = Stage::kLastBox;
   out_.dialogs.Show(box, [this](Answer) {
     if (IsLoaded()) out_.end_program();
   });

@@ -157,7 +157,8 @@ void MainFrame::FinishLanguageChoice() {
 
 void MainFrame::closeEvent(QCloseEvent* event) {
   event->accept();
-  out_.gate.Run([this] { Exit(); });
+  // While a box stands whose answer ends the program, closing is that answer and nothing more.
+  if (!ending_ && !out_.link.IsEnding()) out_.gate.Run([this] { Exit(); });
   out_.gate.End(0);
 }
 
@@ -180,6 +181,7 @@ void MainFrame::StartSibling() {
 }
 
 void MainFrame::ShowAndEnd(const MessageBox& box) {
+  ending_ = true;
   out_.dialogs.Show(box, [this](Answer) { out_.gate.End(0); });
 }
 

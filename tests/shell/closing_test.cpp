@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "board/errors.h"
 #include "link/frm_ser.h"
 #include "shell/program.h"
 
@@ -83,6 +84,97 @@ TEST(ClosingWithoutAPort, WhileTheBoxStands) {
   program.Close();
   EXPECT_EQ(program.exits, std::vector<int>{0});
   EXPECT_EQ(program.started.size(), 1U);
+}
+
+// The program with a box in front that has one answer, the end.
+class ClosingBeforeTheEnd : public testing::Test {
+ protected:
+  static void Connect(Program& program) {
+    if (!program.frame->isVisible()) program.Start();
+    program.Choose("mnuConnect");
+    program.gate.Run([&] { program.link.clock.Advance(100); });
+  }
+
+  // Closing is that answer: the program ends, and none of the exit steps is done.
+  static void CloseAndExpectNothingElse(Program& program) {
+    ASSERT_EQ(program.link.dialogs.Standing().size(), 1U);
+    for (int i = 0; i < 2; ++i) {
+      program.Close();
+      EXPECT_EQ(program.File("Sorvane.ini"), kSettings);
+      EXPECT_TRUE(program.started.empty());
+      EXPECT_TRUE(program.gate.IsShut());
+    }
+    EXPECT_EQ(program.exits.at(0), 0);
+    EXPECT_EQ(program.link.dialogs.Shown().size(), 1U);
+    EXPECT_TRUE(program.reports.empty());
+  }
+
+  // A saved file names the language in use.
+  static constexpr const char* kSettings = "Com=2\r\nLingua=\r\n";
+};
+
+TEST_F(ClosingBeforeTheEnd, WithoutALanguageFile) {
+  Program program({.language_files = false, .settings = kSettings});
+  program.Start();
+  program.link.dialogs.Expect("File missing!\nReinstall program", "Error", 16);
+  CloseAndExpectNothingElse(program);
+}
+
+TEST_F(ClosingBeforeTheEnd, WithoutAnIndexFileAtTheStart) {
+  Program program({.settings = kSettings});
+  program.link.folder.RemoveFile("W0309AA00.inx");
+  program.Start();
+  program.link.dialogs.Expect("W0309AA00.inx not found !", "ERROR", 16);
+  CloseAndExpectNothingElse(program);
+}
+
+TEST_F(ClosingBeforeTheEnd, WithoutAnIndexFileWhileConnecting) {
+  Program program({.settings = kSettings});
+  program.Start();
+  program.link.folder.RemoveFile("W0309AA00.inx");
+  Connect(program);
+  program.link.dialogs.Expect("W0309AA00.inx not found !", "ERROR", 16);
+  CloseAndExpectNothingElse(program);
+}
+
+TEST_F(ClosingBeforeTheEnd, OnABoardThatDoesNotFit) {
+  Program program({.settings = kSettings});
+  program.link.SetSystem(12, 17);
+  Connect(program);
+  program.link.dialogs.Expect("Board\nNot Compatible", "ERROR", 16);
+  CloseAndExpectNothingElse(program);
+}
+
+TEST_F(ClosingBeforeTheEnd, OnAPortThatFailsAndIsLostMeanwhile) {
+  Program program({.settings = kSettings});
+  program.link.wire.FailNextOutput();
+  Connect(program);
+  program.link.wire.RefuseOpen();
+  program.gate.Run([&] { program.link.clock.Advance(10000); });
+  program.link.dialogs.Expect(" not found !", "ERROR", 16);
+  EXPECT_FALSE(program.link.wire.PortOpen());
+  CloseAndExpectNothingElse(program);
+}
+
+// The tick of the sweep, the last step of the connection, can't be enabled.
+class FailingTimer : public Timer {
+ public:
+  void Enable() override { throw RuntimeError(ErrorCode::kOverflow); }
+  void Disable() override {}
+};
+
+TEST_F(ClosingBeforeTheEnd, OnALoadThatFails) {
+  Program program({.timers = [](const TimerMaker& maker) -> TimerMaker {
+                     return [maker](milliseconds interval,
+                                    std::function<void()> handler) -> std::unique_ptr<Timer> {
+                       if (interval == milliseconds(40)) return std::make_unique<FailingTimer>();
+                       return maker(interval, std::move(handler));
+                     };
+                   },
+                   .settings = kSettings});
+  Connect(program);
+  program.link.dialogs.Expect("Reinstall Program", "ERROR  0", 16);
+  CloseAndExpectNothingElse(program);
 }
 
 TEST(ClosingWhileLoading, EndsWithoutTheFileHavingBeenRead) {
