@@ -49,6 +49,7 @@ MainFrame::MainFrame(Outside outside)
   const QSize pages(page_size::Pixels(kFrameCharacters, *this),
                     kFrameLines * fontMetrics().height());
   resize(pages.expandedTo({menuBar()->sizeHint().width(), 0}));
+  statusBar()->setObjectName("StatusBar1");
   statusBar()->setSizeGripEnabled(false);
   panels_ = std::make_unique<StatusPanels>(*statusBar());
 

@@ -6,6 +6,7 @@
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <QStatusBar>
 
 #include "board/errors.h"
 #include "link/frm_ser.h"
@@ -394,6 +395,16 @@ TEST(Pages, AMinimizedPageKeepsItsSizeWhenTheLanguageChanges) {
   program.Choose("smnuLingue(1)");
   EXPECT_TRUE(window.isMinimized());
   EXPECT_EQ(window.size(), small);
+}
+
+TEST(Lamps, StandBehindATextOnTheStatusBar) {
+  Program program;
+  program.Start();
+  const auto* bar = program.frame->findChild<QStatusBar*>("StatusBar1");
+  ASSERT_EQ(bar, program.frame->statusBar());
+  for (int panel = 1; panel <= 4; ++panel) {
+    EXPECT_NE(bar->findChild<QWidget*>(QString("Panel(%1)").arg(panel)), nullptr) << panel;
+  }
 }
 
 TEST(Lamps, TheTextOfTheLinkStandsInTheStatusLineUntilTheNextReply) {
