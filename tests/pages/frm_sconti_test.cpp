@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QAction>
+#include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QTest>
@@ -251,6 +252,30 @@ TEST_F(Sconti, AReplyThatLandsWhileTheMessageStandsIsWhatComesBack) {
   AskAgain(43);
   program.link.dialogs.Answer(Answer::kOk);
   EXPECT_EQ(Text(0), "7.77");
+}
+
+TEST_F(Sconti, AFieldThatClosesWhileItsMessageStandsIsRedUntilTheMessageGoes) {
+  const auto ground = [this] {
+    const auto& field = program.Find(kPage, "Text1(4)");
+    return field.palette().color(QPalette::Base);
+  };
+  Open();
+  program.link.SetBoardNumber(2, 3);
+  AskAgain(2);
+  const QColor closed = ground();
+  program.link.SetBoardNumber(2, 10);
+  AskAgain(2);
+  Type(4, "abc");
+  program.link.SetBoardNumber(2, 3);
+  AskAgain(2);
+  ASSERT_FALSE(IsRowOpen(4));
+  EXPECT_EQ(ground(), QColor(255, 0, 0));
+  program.link.dialogs.Answer(Answer::kOk);
+  EXPECT_EQ(Text(4), "5.05");
+  EXPECT_EQ(ground(), closed);
+  program.link.SetBoardNumber(2, 10);
+  AskAgain(2);
+  EXPECT_EQ(ground(), QApplication::palette("QLineEdit").color(QPalette::Active, QPalette::Base));
 }
 
 TEST_F(Sconti, ASignIsRefusedInSilence) {

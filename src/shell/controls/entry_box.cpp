@@ -63,10 +63,8 @@ void EntryBox::SetGreen() { SetGround(kGreen); }
 
 void EntryBox::SetGround(const QColor& color) {
   QPalette colors;
-  for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
-    colors.setColor(group, QPalette::Base, color);
-    colors.setColor(group, QPalette::Text, Qt::black);
-  }
+  colors.setColor(QPalette::Base, color);
+  colors.setColor(QPalette::Text, Qt::black);
   setPalette(colors);
 }
 

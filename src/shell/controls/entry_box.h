@@ -49,7 +49,7 @@ class EntryBox : public QLineEdit {
   void Restore();
 
   // Colour of the field. White is the desktop's field colour; red and green are the same everywhere
-  // and bring a colour of the text that can be read on them.
+  // and bring a colour of the text that can be read on them; a closed field keeps them.
   void SetWhite();
   void SetRed();
   void SetGreen();

@@ -163,6 +163,22 @@ TEST_F(EntryBoxTest, RedAndGreenBringTextThatCanBeReadOnADarkDesktopToo) {
   EXPECT_EQ(box.palette().color(QPalette::Inactive, QPalette::Base), QColor(0, 255, 0));
 }
 
+TEST_F(EntryBoxTest, ClosedFieldKeepsItsColourUntilItIsWhiteAgain) {
+  const auto drawn = [this] { return box.grab().toImage().pixelColor(box.rect().center()); };
+  box.resize(120, 30);
+  box.SetOpen(false);
+  const QColor closed = drawn();
+  ASSERT_NE(closed, QColor(255, 0, 0));
+  box.SetOpen(true);
+  box.SetRed();
+  box.SetOpen(false);
+  EXPECT_EQ(drawn(), QColor(255, 0, 0));
+  box.SetGreen();
+  EXPECT_EQ(drawn(), QColor(0, 255, 0));
+  box.SetWhite();
+  EXPECT_EQ(drawn(), closed);
+}
+
 TEST_F(EntryBoxTest, WhiteIsTheFieldColourOfADarkDesktop) {
   box.SetRed();
   GoDark();
