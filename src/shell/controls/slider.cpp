@@ -46,6 +46,10 @@ void Slider::MoveByUser(int position) {
 }
 
 void Slider::keyPressEvent(QKeyEvent* event) {
+  if ((event->modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier)) != 0) {
+    PaintedControl::keyPressEvent(event);
+    return;
+  }
   switch (event->key()) {
     case Qt::Key_Left:
     case Qt::Key_Up:

@@ -1,5 +1,7 @@
 #include "shell/controls/slider.h"
 
+#include <QKeyEvent>
+
 #include "shell/controls/bench.h"
 
 namespace sorvane {
@@ -35,6 +37,26 @@ TEST_F(SliderTest, KeysMoveByOnePositionAndToTheEnds) {
   QTest::keyClick(&slider, Qt::Key_End);
   QTest::keyClick(&slider, Qt::Key_Home);
   EXPECT_EQ(changes, (std::vector<int>{1, 2, 1, 0, 2, 0}));
+}
+
+TEST_F(SliderTest, KeysWithShiftOrOnTheKeypadMoveIt) {
+  QTest::keyClick(&slider, Qt::Key_Right, Qt::ShiftModifier);
+  QTest::keyClick(&slider, Qt::Key_Right, Qt::KeypadModifier);
+  EXPECT_EQ(changes, (std::vector<int>{1, 2}));
+}
+
+TEST_F(SliderTest, KeysWithCtrlAltOrMetaAreNotItsOwn) {
+  slider.SetPosition(1);
+  changes.clear();
+  for (const auto modifier : {Qt::ControlModifier, Qt::AltModifier, Qt::MetaModifier}) {
+    for (const auto key :
+         {Qt::Key_Left, Qt::Key_Up, Qt::Key_Right, Qt::Key_Down, Qt::Key_Home, Qt::Key_End}) {
+      QKeyEvent press(QEvent::KeyPress, key, modifier);
+      QApplication::sendEvent(&slider, &press);
+      EXPECT_FALSE(press.isAccepted()) << key << " " << modifier;
+    }
+  }
+  EXPECT_TRUE(changes.empty());
 }
 
 TEST_F(SliderTest, ClickGoesToTheNearestPosition) {
