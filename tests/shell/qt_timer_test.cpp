@@ -2,8 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <QCoreApplication>
+#include <QEvent>
 #include <QTest>
 #include <QTimer>
+#include <map>
 
 #include "board/errors.h"
 #include "shell/program_gate.h"
@@ -35,6 +38,29 @@ TEST_F(QtTimers, FireUntilTheyAreDisabled) {
   other->Enable();
   EXPECT_TRUE(QTest::qWaitFor([&] { return later; }));
   EXPECT_EQ(fired, 3);
+}
+
+// A coarse timer may go off a twentieth of its interval too early: 50 ms of the second that a reply
+// has.
+TEST_F(QtTimers, ArePrecise) {
+  // What goes off: of each timer in this thread the interval and the kind.
+  struct Watcher : QObject {
+    bool eventFilter(QObject* watched, QEvent* event) override {
+      const auto* timer = qobject_cast<QTimer*>(watched);
+      if (event->type() == QEvent::Timer && timer != nullptr) {
+        kinds[timer->interval()] = timer->timerType();
+      }
+      return false;
+    }
+    std::map<int, Qt::TimerType> kinds;
+  } watcher;
+  qApp->installEventFilter(&watcher);
+  const auto odd = make(milliseconds(7), [] {});
+  const auto even = make(milliseconds(44), [] {});
+  for (Timer* timer : {odd.get(), even.get()}) timer->Enable();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return watcher.kinds.count(44) == 1; }));
+  EXPECT_EQ(watcher.kinds.at(7), Qt::PreciseTimer);
+  EXPECT_EQ(watcher.kinds.at(44), Qt::PreciseTimer);
 }
 
 TEST_F(QtTimers, OfNoIntervalFireBehindTheCaller) {

@@ -43,6 +43,11 @@ struct BarMouseTest : testing::Test, GateBench {
                       Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(bar, &event);
   }
+  // The interval of the bar's running timer in milliseconds; 0 if none runs.
+  int Interval() const {
+    const auto timers = QAbstractEventDispatcher::instance()->registeredTimers(bar);
+    return timers.isEmpty() ? 0 : timers.first().interval;
+  }
   // Lets the bar's running timer, if any, go off now. Returns whether one runs.
   bool TimerGoesOff() {
     const auto timers = QAbstractEventDispatcher::instance()->registeredTimers(bar);
@@ -91,6 +96,20 @@ TEST_F(BarMouseTest, HeldEndButtonRepeatsUntilItsRelease) {
   Release(EndButton());
   EXPECT_FALSE(TimerGoesOff());
   EXPECT_EQ(bar->Position(), 53);
+}
+
+TEST_F(BarMouseTest, HeldButtonOrTroughWaitsBeforeItsFirstRepeatAndThenGoesFast) {
+  for (const QPoint& at : {EndButton(), StartButton(), At(bar->width() / 10)}) {
+    EXPECT_EQ(Interval(), 0);
+    Press(at);
+    std::vector<int> intervals;
+    for (int i = 0; i < 3; ++i) {
+      intervals.push_back(Interval());
+      TimerGoesOff();
+    }
+    EXPECT_EQ(intervals, (std::vector<int>{500, 50, 50}));
+    Release(at);
+  }
 }
 
 TEST_F(BarMouseTest, HeldEndButtonRestsWhileTheMouseIsOffIt) {
