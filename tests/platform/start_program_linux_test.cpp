@@ -2,6 +2,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cstdio>
 #include <fstream>
 #include <iterator>
 
@@ -15,15 +16,15 @@ namespace sorvane::test {
 namespace {
 
 // Runs a shell script as the program, in a folder of its own. What it says comes in the file
-// "said".
+// "said"; $out is where its output went before.
 class StartProgramTest : public ::testing::Test {
  protected:
   std::filesystem::path Program() const { return folder_.Path() / "PROGRAM.EXE"; }
 
   void WriteProgram(const std::string& lines) {
     const std::string folder = folder_.Path().string();
-    const std::string script = "#!/bin/sh\n{\n" + lines + "\n} > " + folder + "/saying\nmv " +
-                               folder + "/saying " + folder + "/said\n";
+    const std::string script = "#!/bin/sh\nout=$(readlink /proc/$$/fd/1)\n{\n" + lines + "\n} > " +
+                               folder + "/saying\nmv " + folder + "/saying " + folder + "/said\n";
     folder_.WriteFile("PROGRAM.EXE", Bytes(script.begin(), script.end()));
     std::filesystem::permissions(Program(), std::filesystem::perms::owner_all);
   }
@@ -95,6 +96,21 @@ TEST_F(StartProgramTest, TheProgramsOwnWordsGoNowhere) {
   WriteProgram("readlink /proc/$$/fd/2");
   EXPECT_TRUE(StartProgram(Program()));
   EXPECT_EQ(Said(), "/dev/null\n");
+}
+
+TEST_F(StartProgramTest, TheProgramInheritsNeitherInputNorOutputNorTheOutputOfErrors) {
+  WriteProgram("readlink /proc/$$/fd/0\necho $out\nreadlink /proc/$$/fd/2");
+  const FILE* from = std::freopen(Program().c_str(), "r", stdin);
+  EXPECT_NE(from, nullptr);
+  // Both go to files meanwhile, whatever the caller of the tests had them go to.
+  testing::internal::CaptureStdout();
+  testing::internal::CaptureStderr();
+  const bool started = StartProgram(Program());
+  const std::string said = Said();
+  testing::internal::GetCapturedStdout();
+  testing::internal::GetCapturedStderr();
+  EXPECT_TRUE(started);
+  EXPECT_EQ(said, "/dev/null\n/dev/null\n/dev/null\n");
 }
 
 }  // namespace

@@ -1,0 +1,94 @@
+#include <dlfcn.h>
+#include <gtest/gtest.h>
+#include <termios.h>
+
+#include <optional>
+
+#include "platform/serial_port_fixture.h"
+
+// A pseudo-terminal stands for a serial line, but its driver keeps the receiver on, the bits of a
+// byte at 8 and parity off, whatever it is told. So these tests stand between the program and the
+// system where the settings of a line are read and set.
+namespace sorvane::test {
+namespace {
+
+// A line as another program may have left it, with everything set that mustn't be.
+termios LineOfAnother() {
+  termios line{};
+  line.c_iflag = IXON | IXOFF | ICRNL | ISTRIP | PARMRK;
+  line.c_oflag = OPOST | ONLCR;
+  line.c_cflag = CS7 | PARENB | PARODD | CSTOPB | CRTSCTS;
+  line.c_lflag = ICANON | ECHO | ISIG;
+  cfsetspeed(&line, B9600);
+  return line;
+}
+
+struct SeenLine {
+  bool found = false;           // its settings have been read
+  std::optional<termios> made;  // what the program has set
+};
+SeenLine* seen = nullptr;
+
+template <typename Function>
+Function* OfTheSystem(const char* name) {
+  return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
+}
+
+}  // namespace
+}  // namespace sorvane::test
+
+extern "C" int tcgetattr(int device, termios* line) noexcept {
+  using sorvane::test::seen;
+  if (seen == nullptr || seen->found) {
+    return sorvane::test::OfTheSystem<int(int, termios*)>("tcgetattr")(device, line);
+  }
+  seen->found = true;
+  *line = sorvane::test::LineOfAnother();
+  return 0;
+}
+
+extern "C" int tcsetattr(int device, int when, const termios* line) noexcept {
+  if (sorvane::test::seen != nullptr) sorvane::test::seen->made = *line;
+  return sorvane::test::OfTheSystem<int(int, int, const termios*)>("tcsetattr")(device, when, line);
+}
+
+namespace sorvane::test {
+namespace {
+
+class SerialLineTest : public SerialPortTest {
+ protected:
+  SerialLineTest() {
+    seen = &line;
+    port_->Open();
+    seen = nullptr;
+  }
+  bool Has(tcflag_t flags, tcflag_t mask) const { return (flags & mask) != 0; }
+
+  SeenLine line;
+};
+
+TEST_F(SerialLineTest, TheReceiverIsOnAndNoModemIsWaitedFor) {
+  ASSERT_TRUE(line.found && line.made);
+  EXPECT_TRUE(Has(line.made->c_cflag, CREAD));
+  EXPECT_TRUE(Has(line.made->c_cflag, CLOCAL));
+}
+
+TEST_F(SerialLineTest, AByteHasEightBitsNoParityAndOneStopBit) {
+  ASSERT_TRUE(line.found && line.made);
+  EXPECT_EQ(line.made->c_cflag & CSIZE, tcflag_t{CS8});
+  EXPECT_FALSE(Has(line.made->c_cflag, PARENB));
+  EXPECT_FALSE(Has(line.made->c_cflag, CSTOPB));
+  EXPECT_EQ(cfgetispeed(&*line.made), speed_t{B19200});
+  EXPECT_EQ(cfgetospeed(&*line.made), speed_t{B19200});
+}
+
+TEST_F(SerialLineTest, NoHandshakeAndNoByteThatIsChangedOnItsWay) {
+  ASSERT_TRUE(line.found && line.made);
+  EXPECT_FALSE(Has(line.made->c_cflag, CRTSCTS));
+  EXPECT_FALSE(Has(line.made->c_iflag, IXON | IXOFF | ICRNL | ISTRIP | PARMRK));
+  EXPECT_FALSE(Has(line.made->c_oflag, OPOST));
+  EXPECT_FALSE(Has(line.made->c_lflag, ICANON | ECHO | ISIG));
+}
+
+}  // namespace
+}  // namespace sorvane::test
