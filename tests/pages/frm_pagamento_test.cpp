@@ -3,8 +3,10 @@
 
 #include <QGroupBox>
 #include <QStringList>
+#include <iterator>
 #include <ostream>
 #include <string>
+#include <vector>
 
 #include "pages/pagamento_page.h"
 #include "shell/child_form.h"
@@ -33,6 +35,24 @@ class PagamentoWithComma : public Pagamento {
  protected:
   PagamentoWithComma() : Pagamento(kComma) {}
 };
+
+TEST_F(Pagamento, FramesHoldTheirControlsByName) {
+  const std::vector<std::vector<const char*>> frames = {
+      {"Text1(0)", "HScroll1(1)", "LabelMess1(2)"},
+      {"SwitchX1(0)", "SwitchX1(1)", "LabelMess1(3)", "Label8(0)", "Label8(1)"},
+      {"Text2(0)", "HScroll2(4)", "LabelMess1(9)"},
+      {"Text3(0)", "HScroll3(2)", "LabelMess1(12)"},
+      {"SwitchX1(2)", "SwitchX1(5)", "LabelMess1(16)", "Label8(2)", "Label8(3)"},
+      {"SlswitchX1"},
+      {"SwitchX2(0)", "SwitchX2(2)", "LabelMess1(20)", "Label8(4)", "Label8(5)"}};
+  OpenUnanswered();
+  for (int i = 0; i < std::ssize(frames); ++i) {
+    const auto& frame = program.Find<QGroupBox>("FrmPagamento", Indexed("Frame1", i));
+    for (const char* control : frames[static_cast<std::size_t>(i)]) {
+      EXPECT_EQ(program.Find("FrmPagamento", control).parentWidget(), &frame) << i << control;
+    }
+  }
+}
 
 TEST_F(Pagamento, AsksForItsParametersOnceEach) {
   OpenUnanswered();

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QColor>
 #include <QDir>
 #include <QFile>
 #include <QImageReader>
@@ -32,6 +33,45 @@ void ExpectSamePixels(const QImage& found, int size) {
   }
 }
 
+// The sizes and the colours as they were chosen.
+constexpr int kSizes[] = {16, 24, 32, 48, 64, 128, 256};
+const QColor kGround(28, 94, 146);
+const QColor kCrystal(255, 255, 255);
+
+// A place as shares of width and height.
+struct Place {
+  double x, y;
+};
+constexpr Place kOnTheEdges[] = {{0.25, 0}, {0.75, 0}, {0.25, 0.99}, {0, 0.5}, {0.99, 0.5}};
+constexpr Place kBetweenTheArms[] = {{0.65, 0.25}, {0.35, 0.25}, {0.05, 0.5}, {0.95, 0.5}};
+constexpr Place kOnTheArms[] = {{0.5, 0.5},   {0.5, 0.2},   {0.5, 0.8},  {0.76, 0.35},
+                                {0.24, 0.35}, {0.76, 0.65}, {0.24, 0.65}};
+constexpr Place kOnTheBranches[] = {{0.604, 0.178}, {0.396, 0.178}, {0.604, 0.822}, {0.396, 0.822}};
+
+// A white crystal of six arms on a blue ground with round corners; its arms have branches where
+// there is room.
+void ExpectTheSign(const QImage& image, int size) {
+  ASSERT_EQ(image.size(), QSize(size, size));
+  const auto expect = [&](const Place& place, const QColor& colour) {
+    EXPECT_EQ(image.pixelColor(static_cast<int>(place.x * size), static_cast<int>(place.y * size)),
+              colour)
+        << size << ": " << place.x << " " << place.y;
+  };
+  for (const Place& place : kOnTheEdges) expect(place, kGround);
+  for (const Place& place : kBetweenTheArms) expect(place, kGround);
+  for (const Place& place : kOnTheArms) expect(place, kCrystal);
+  for (const Place& place : kOnTheBranches) expect(place, size == 16 ? kGround : kCrystal);
+  const int last = size - 1;
+  for (const QPoint& corner :
+       {QPoint(0, 0), QPoint(last, 0), QPoint(0, last), QPoint(last, last)}) {
+    EXPECT_LE(image.pixelColor(corner).alpha(), 2) << size;
+  }
+}
+
+TEST(IconFiles, EveryPictureIsTheSign) {
+  for (const int size : kSizes) ExpectTheSign(QImage(kFolder.filePath(FileName(size))), size);
+}
+
 TEST(IconFiles, EveryPictureIsTheDrawing) {
   for (const int size : kIconSizes)
     ExpectSamePixels(QImage(kFolder.filePath(FileName(size))), size);
@@ -46,7 +86,9 @@ TEST(IconFiles, TheIconOfWindowsHoldsTheDrawingInEverySize) {
   ASSERT_EQ(reader.imageCount(), std::ssize(kIconSizes)) << reader.errorString().toStdString();
   for (int i = 0; i < reader.imageCount(); ++i) {
     ASSERT_TRUE(reader.jumpToImage(i));
-    ExpectSamePixels(reader.read(), kIconSizes[i]);
+    const QImage entry = reader.read();
+    ExpectTheSign(entry, kSizes[i]);
+    ExpectSamePixels(entry, kIconSizes[i]);
   }
 }
 
@@ -70,7 +112,12 @@ TEST(IconFiles, OnlyTheLargestEntryOfTheIconIsCompressed) {
 TEST(IconTool, WritesEverySize) {
   const QTemporaryDir folder;
   EXPECT_EQ(QProcess::execute(ICON_TOOL, {folder.path()}), 0);
-  for (const int size : kIconSizes) ExpectSamePixels(QImage(folder.filePath(FileName(size))), size);
+  for (const int size : kSizes) {
+    const QImage written(folder.filePath(FileName(size)));
+    ExpectTheSign(written, size);
+    ExpectSamePixels(written, size);
+  }
+  EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), std::ssize(kSizes));
 }
 
 TEST(IconTool, FailsWhereItCantWrite) {
