@@ -3,6 +3,7 @@
 #include <QPalette>
 #include <algorithm>
 #include <memory>
+#include <vector>
 
 #include "shell/controls/bar.h"
 #include "shell/controls/bench.h"
@@ -66,6 +67,33 @@ TEST_P(FocusLooksTest, FocusShows) {
   const QImage with_focus = Picture();
   control->clearFocus();
   EXPECT_NE(Picture(), with_focus);
+}
+
+TEST_P(FocusLooksTest, FocusIsALineAllAroundInTheColourOfASelection) {
+  QPalette colours = control->palette();
+  colours.setColor(QPalette::Window, Qt::white);
+  colours.setColor(QPalette::Highlight, Qt::magenta);
+  control->setPalette(colours);
+  QFont small = control->font();
+  small.setPixelSize(12);  // in larger letters the line is wider
+  control->setFont(small);
+  control->resize(control->sizeHint());
+  ShowActive(*control);
+  const auto colours_at = [this](int inwards) {
+    const QImage picture = Picture();
+    const int right = picture.width() - 1;
+    const int bottom = picture.height() - 1;
+    return std::vector<QColor>{
+        picture.pixelColor(inwards, bottom / 2), picture.pixelColor(right - inwards, bottom / 2),
+        picture.pixelColor(right / 2, inwards), picture.pixelColor(right / 2, bottom - inwards)};
+  };
+  const std::vector<QColor> line(4, Qt::magenta);
+  const std::vector<QColor> ground(4, Qt::white);
+  control->setFocus();
+  EXPECT_EQ(colours_at(0), line);
+  EXPECT_EQ(colours_at(1), ground);
+  control->clearFocus();
+  EXPECT_EQ(colours_at(0), ground);
 }
 
 TEST_P(LooksTest, SizeFollowsTheFont) {

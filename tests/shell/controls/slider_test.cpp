@@ -1,6 +1,10 @@
 #include "shell/controls/slider.h"
 
+#include <QFontMetrics>
+#include <QImage>
 #include <QKeyEvent>
+#include <QPalette>
+#include <QRect>
 
 #include "shell/controls/bench.h"
 
@@ -88,6 +92,126 @@ TEST_F(SliderTest, MouseThatPassesWithoutAPressShowsNothing) {
   const QImage before = slider.grab().toImage();
   DragTo(QPoint(slider.width() - 5, slider.height() / 2));
   EXPECT_EQ(slider.grab().toImage(), before);
+}
+
+// The slider in black on white with a blue knob, large.
+struct SliderInk : SliderTest {
+  SliderInk() {
+    QPalette colours(Qt::white);
+    colours.setColor(QPalette::Window, Qt::white);
+    colours.setColor(QPalette::WindowText, Qt::black);
+    colours.setColor(QPalette::Highlight, Qt::blue);
+    colours.setColor(QPalette::Disabled, QPalette::Highlight, Qt::darkGreen);
+    slider.setPalette(colours);
+    QFont large = slider.font();
+    large.setPixelSize(40);
+    slider.setFont(large);
+    slider.resize(slider.sizeHint());
+    line = slider.fontMetrics().height();
+  }
+
+  QImage Picture() { return slider.grab().toImage(); }
+  // The smallest rectangle around all of a colour.
+  static QRect AreaOf(const QImage& image, const QColor& colour) {
+    QRect area;
+    for (int y = 0; y < image.height(); ++y) {
+      for (int x = 0; x < image.width(); ++x) {
+        if (image.pixelColor(x, y) == colour) area |= QRect(x, y, 1, 1);
+      }
+    }
+    return area;
+  }
+  // The middle of a position: a third of the width belongs to each, the room of the focus frame
+  // apart.
+  int Stop(int position) const {
+    const int frame = line / 6;
+    return frame + (2 * position + 1) * (slider.width() - 2 * frame) / 6;
+  }
+  // Where something is drawn in a column, as rows from above.
+  static QRect InkIn(const QImage& image, int x) {
+    QRect ink;
+    for (int y = 0; y < image.height(); ++y) {
+      if (image.pixelColor(x, y) != Qt::white) ink |= QRect(x, y, 1, 1);
+    }
+    return ink;
+  }
+
+  int line = 0;  // the height of one of text
+};
+
+TEST_F(SliderInk, KnobStandsAboveTheNameOfItsPosition) {
+  for (int position = 0; position < 3; ++position) {
+    slider.SetPosition(position);
+    const QRect knob = AreaOf(Picture(), Qt::blue);
+    EXPECT_NEAR(knob.center().x(), Stop(position), 3) << position;
+    EXPECT_NEAR(knob.width(), 0.9 * line, 4) << position;
+    EXPECT_NEAR(knob.height(), 0.9 * line, 4) << position;
+    EXPECT_LT(knob.bottom(), slider.height() / 2) << position;
+  }
+}
+
+TEST_F(SliderInk, KnobThatIsHeldStandsWhereTheMouseIs) {
+  QTest::mousePress(&slider, Qt::LeftButton, Qt::NoModifier, QPoint(Stop(1), line));
+  EXPECT_NEAR(AreaOf(Picture(), Qt::blue).center().x(), Stop(1), 3);
+  DragTo(QPoint(Stop(2), line));
+  EXPECT_NEAR(AreaOf(Picture(), Qt::blue).center().x(), Stop(2), 3);
+}
+
+TEST_F(SliderInk, KnobOfAClosedSliderHasTheColourOfWhatIsClosed) {
+  slider.SetOpen(false);
+  EXPECT_TRUE(AreaOf(Picture(), Qt::blue).isEmpty());
+  EXPECT_NEAR(AreaOf(Picture(), Qt::darkGreen).center().x(), Stop(0), 3);
+}
+
+TEST_F(SliderInk, GrooveGoesFromTheFirstStopToTheLastAndIsWiderThere) {
+  const QImage image = Picture();
+  const int middle = AreaOf(image, Qt::blue).center().y();
+  const QColor groove(219, 219, 219);
+  for (const int x : {Stop(0) + line, (Stop(0) + Stop(1)) / 2, (Stop(1) + Stop(2)) / 2, Stop(2)}) {
+    EXPECT_EQ(image.pixelColor(x, middle), groove) << x;
+  }
+  EXPECT_EQ(image.pixelColor(Stop(2) + line, middle), Qt::white);
+  EXPECT_EQ(image.pixelColor(Stop(0) - line, middle), Qt::white);
+  // Between two names, so that the groove alone is in the column.
+  slider.SetLabels(",,");
+  const QImage bare = Picture();
+  const int narrow = InkIn(bare, (Stop(0) + Stop(1)) / 2).height();
+  EXPECT_NEAR(narrow, 0.2 * line, 3);
+  for (const int position : {1, 2}) {
+    const QRect wide = InkIn(bare, Stop(position));
+    EXPECT_NEAR(wide.height(), 0.32 * line, 4) << position;
+    EXPECT_GT(wide.height(), narrow) << position;
+    EXPECT_LT(bare.pixelColor(Stop(position), wide.top() + 1).lightness(), 200) << position;
+  }
+}
+
+TEST_F(SliderInk, EachNameStandsInTheMiddleBelowItsStop) {
+  const auto name_area = [this] {
+    const QImage image = Picture();
+    return AreaOf(image.copy(0, image.height() / 2, image.width(), image.height() / 2), Qt::black);
+  };
+  for (int position = 0; position < 3; ++position) {
+    QStringList names{"", "", ""};
+    names[position] = "HHH";
+    slider.SetLabels(names.join(','));
+    slider.SetPosition(position);
+    const QRect name = name_area();
+    EXPECT_NEAR(name.center().x(), Stop(position), 4) << position;
+    EXPECT_GT(name.width(), line) << position;
+  }
+  slider.SetLabels(",,");
+  EXPECT_TRUE(name_area().isEmpty());
+}
+
+TEST_F(SliderInk, NameThatIsTooLongIsCutBehindItsBeginningWithinItsThird) {
+  slider.SetLabels(",....HHHHHHHHHHHHHHHHHHHHHHHHHHHHHH,");
+  const QImage image = Picture();
+  const QRect name = AreaOf(image, Qt::black);
+  EXPECT_GE(name.left(), slider.width() / 3 - 1);
+  EXPECT_LE(name.right(), 2 * slider.width() / 3 + 1);
+  const QRect points =
+      AreaOf(image.copy(name.left(), name.top(), line / 2, name.height()), Qt::black);
+  EXPECT_LT(points.height(), name.height() / 2);
 }
 
 TEST_F(SliderTest, OtherButtonsDoNothing) {
