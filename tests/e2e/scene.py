@@ -129,10 +129,11 @@ class Scene(unittest.TestCase):
         self.assertEqual(self.watch.written("Sorvane.ini") - saved, 1, "savings of the settings")
         self.assertEqual(self.sibling_starts(), 1, "starts of the sibling program")
 
-    def assert_ends_after(self, box):
-        """The box says so, and behind it the program ends, saves nothing and starts nothing."""
+    def assert_ends_after(self, box, action=None):
+        """The box says so; when it is answered, or by what else is done, the program ends, saves
+        nothing and starts nothing."""
         self.assertEqual(self.program.box(), box)
-        self.assert_ends_at_once(lambda: self.program.answer("OK"))
+        self.assert_ends_at_once(action or (lambda: self.program.answer("OK")))
         self.assertEqual(self.watch.written("Sorvane.ini"), 0, "savings of the settings")
         self.assertEqual(self.settings.read_bytes(), SETTINGS)
         self.assertEqual(self.sibling_starts(), 0, "starts of the sibling program")

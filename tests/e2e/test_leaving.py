@@ -19,6 +19,12 @@ class StartingWithoutFiles(Scene):
         self.launch()
         self.assert_ends_after(Box("ERROR", "W0309AA00.inx not found !", ("OK",)))
 
+    def test_closing_behind_the_box_of_an_index_file_is_its_answer(self):
+        (self.folder / "W0309AA00.inx").unlink()
+        self.launch()
+        self.assert_ends_after(Box("ERROR", "W0309AA00.inx not found !", ("OK",)),
+                               self.program.close_frame)
+
     def test_no_first_level_index_file_ends_the_program_without_naming_it(self):
         (self.folder / "W0309.inx").unlink()
         self.launch()
@@ -46,12 +52,12 @@ class Leaving(Scene):
         self.assertEqual(self.program.box(), NOT_READY)
         self.assert_closes()
 
-    def test_program_with_the_box_of_a_wrong_board_closes_at_once(self):
+    def test_program_with_the_box_of_a_wrong_board_closes_at_once_like_answered(self):
         self.start_board("--type", "308")
         self.start()
         self.program.choose("Connect")
-        self.assertEqual(self.program.box().text, "Board Type\nNot Compatible")
-        self.assert_closes()
+        self.assert_ends_after(Box("ERROR", "Board Type\nNot Compatible", ("OK",)),
+                               self.program.close_frame)
 
     def test_connected_program_closes_at_once(self):
         self.connect()
