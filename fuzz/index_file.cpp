@@ -15,6 +15,7 @@ namespace sorvane::fuzz {
 namespace {
 
 constexpr std::size_t kMostSystem = 20;
+constexpr int32_t kLastParameter = 33000;
 
 using File = std::vector<uint8_t>;
 
@@ -69,7 +70,7 @@ void CheckFirstLevel(BoardTables& tables, const std::filesystem::path& folder, c
   }
   for (std::size_t k = 0; k <= kMostSystem; k += records + 1) {
     Require(tables.SystemTable(static_cast<int32_t>(k), 0) == SystemRecord(),
-            "records beyond the file's, and record 0, stay as they were");
+            "records beyond the file's, and record 0, are zeros");
   }
 }
 
@@ -78,6 +79,13 @@ void CheckParameters(BoardTables& tables, const File& file, std::size_t first, s
     CheckRecord(tables.ParameterTable(static_cast<int32_t>(k), 0), file, k, kSecondLevelSize);
   }
   Require(tables.ParameterTable(0, 0) == ParameterRecord(), "record 0 stays empty");
+}
+
+void CheckZeros(const BoardTables& tables, std::size_t first, std::size_t last) {
+  for (std::size_t k = first; k <= last; ++k) {
+    Require(tables.ParameterTable(static_cast<int32_t>(k), 0) == ParameterRecord(),
+            "a record beyond the file's is zeros");
+  }
 }
 
 // Loads a file, and then one that has the first half of it only.
@@ -91,8 +99,8 @@ void CheckSecondLevel(BoardTables& tables, const std::filesystem::path& folder, 
   Require(!error, "a second-level file that can be read is taken");
   Require(tables.RecordCount(0) == static_cast<int16_t>(records), "records are counted");
   CheckParameters(tables, file, 1, records);
-  Require(tables.ParameterTable(static_cast<int32_t>(records) + 1, 0) == ParameterRecord(),
-          "a record beyond the file's stays as it was");
+  CheckZeros(tables, records + 1, records + 1);
+  CheckZeros(tables, kLastParameter, kLastParameter);
 
   File half(file.begin(), file.begin() + static_cast<std::ptrdiff_t>(file.size() / 2));
   for (uint8_t& byte : half) byte = static_cast<uint8_t>(~byte);
@@ -101,10 +109,7 @@ void CheckSecondLevel(BoardTables& tables, const std::filesystem::path& folder, 
   LoadSecondLevel(tables, folder, name);
   Require(tables.RecordCount(0) == static_cast<int16_t>(fewer), "records are counted anew");
   CheckParameters(tables, half, 1, fewer);
-  CheckParameters(tables, file, fewer + 1, records);
-  for (std::size_t k = 1; k <= records; ++k) {
-    tables.ParameterTable(static_cast<int32_t>(k), 0) = ParameterRecord();
-  }
+  CheckZeros(tables, fewer + 1, records + 1);
 }
 
 // Names of any numbers at all, in a folder that holds no file.
@@ -135,7 +140,8 @@ void Run(Input input) {
   static const test::TempFolder kFolder;
   static BoardTables tables;
   const std::filesystem::path& folder = kFolder.Path();
-  for (int k = 0; k < BoardTables::kSystemPlaces; ++k) tables.SystemTable(k, 0) = SystemRecord();
+  for (int k = 1; k < BoardTables::kSystemPlaces; ++k) tables.SystemTable(k, 0).At(11) = 7;
+  tables.ParameterTable(kLastParameter, 0).At(23) = 7;
   SetBoardDefaults(tables);
   tables.RecordCount(0) = -1;
   tables.BoardPresent(0) = true;

@@ -1,5 +1,7 @@
 #include "board/board_tables.h"
 
+#include <algorithm>
+
 #include "board/errors.h"
 
 namespace sorvane {
@@ -29,6 +31,16 @@ const ParameterRecord& BoardTables::ParameterTable(int32_t index, int board) con
 
 SystemRecord& BoardTables::SystemTable(int32_t index, int board) {
   return systems_[Place(index, board, kSystemPlaces)];
+}
+
+void BoardTables::ClearParameterTable(int board) {
+  CheckBoard(board);
+  std::fill(parameters_.begin(), parameters_.end(), ParameterRecord());
+}
+
+void BoardTables::ClearSystemTable(int board) {
+  CheckBoard(board);
+  std::fill(systems_.begin(), systems_.end(), SystemRecord());
 }
 
 std::span<const ParameterRecord> BoardTables::Records(int board) const {

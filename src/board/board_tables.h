@@ -22,6 +22,10 @@ class BoardTables {
   const ParameterRecord& ParameterTable(int32_t index, int board) const;
   SystemRecord& SystemTable(int32_t index, int board);
 
+  // Makes every record of one of the tables zeros. Bounds of board as above.
+  void ClearParameterTable(int board);
+  void ClearSystemTable(int board);
+
   // All places of the parameter table, index 0 first. Bounds of board as above.
   std::span<const ParameterRecord> Records(int board) const;
 

@@ -1,7 +1,8 @@
 #include "board/index_file.h"
 
+#include <algorithm>
 #include <fstream>
-#include <iterator>
+#include <system_error>
 
 #include "board/errors.h"
 #include "board/numbers.h"
@@ -52,15 +53,20 @@ std::string SecondLevelName(int16_t type, int16_t software, int16_t revision) {
 }
 
 std::vector<IndexRecord> ReadIndexFile(const std::filesystem::path& file, int record_size) {
-  std::ifstream in(file, std::ios::binary);
-  if (!in || !std::filesystem::is_regular_file(file)) {
+  std::error_code error;
+  // Asked before the file is opened: opening a pipe would wait for its other end.
+  if (!std::filesystem::is_regular_file(file, error)) {
     throw RuntimeError(ErrorCode::kFileNotFound);
   }
-  const std::vector<char> bytes{std::istreambuf_iterator<char>(in), {}};
-  const std::size_t size = static_cast<std::size_t>(record_size);
+  const auto size = static_cast<std::size_t>(record_size);
+  const std::uintmax_t count = std::filesystem::file_size(file, error) / size;
+  std::vector<char> bytes(std::min<std::uintmax_t>(count, kMostRecordsRead) * size);
+  std::ifstream in(file, std::ios::binary);
+  in.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  if (error || !in) throw RuntimeError(ErrorCode::kFileNotFound);
 
   std::vector<IndexRecord> records;
-  for (std::size_t start = 0; start + size <= bytes.size(); start += size) {
+  for (std::size_t start = 0; start < bytes.size(); start += size) {
     const auto byte = [&](std::size_t offset) {
       return static_cast<uint8_t>(bytes[start + offset]);
     };
@@ -77,6 +83,7 @@ void LoadFirstLevel(BoardTables& tables, const std::filesystem::path& folder) {
   const auto records =
       ReadIndexFile(folder / FirstLevelName(tables.BoardTypeNumber), kFirstLevelSize);
   tables.RecordCount(tables.BoardIndex) = 0;
+  tables.ClearSystemTable(tables.BoardIndex);
   for (const IndexRecord& record : records) {
     const int16_t index = CountRecord(tables);
     tables.SystemTable(index, tables.BoardIndex) = WithAddress<SystemRecord>(record);
@@ -88,6 +95,7 @@ void LoadSecondLevel(BoardTables& tables, const std::filesystem::path& folder, s
   name = SecondLevelName(tables.IndexType, tables.IndexSoftware, tables.IndexRevision);
   const auto records = ReadIndexFile(folder / name, kSecondLevelSize);
   tables.RecordCount(tables.BoardIndex) = 0;
+  tables.ClearParameterTable(tables.BoardIndex);
   for (const IndexRecord& record : records) {
     const int16_t index = CountRecord(tables);
     tables.ParameterTable(index, tables.BoardIndex) = ToParameterRecord(record);

@@ -33,19 +33,26 @@ std::string FirstLevelName(int16_t type);
 // type 309, software 0, revision 0.
 std::string SecondLevelName(int16_t type, int16_t software, int16_t revision);
 
-// The records of an index file; record_size is one of the sizes above. A rest of less than one
-// record at the end is ignored. Throws RuntimeError kFileNotFound for a file that can't be read.
+// One more than any table takes: by that one a load sees that a file is too long.
+inline constexpr int kMostRecordsRead = 32768;
+
+// The records of an index file, the first kMostRecordsRead of a longer one; record_size is one of
+// the sizes above. A rest of less than one record at the end is ignored. Throws RuntimeError
+// kFileNotFound for a file that can't be read, and for what is no ordinary file, which isn't
+// opened.
 std::vector<IndexRecord> ReadIndexFile(const std::filesystem::path& file, int record_size);
 
 // Fills the system table from the first-level file of BoardTypeNumber in folder. Throws
-// RuntimeError for a file that can't be read (kFileNotFound) or holds more than 20 records
-// (kSubscriptOutOfRange). Records beyond the file's last keep what they held.
+// RuntimeError for a file that can't be read (kFileNotFound), with the table left as it was, and
+// for one of more than 20 records (kSubscriptOutOfRange), with 20 loaded. Records beyond the file's
+// last are zeros.
 void LoadFirstLevel(BoardTables& tables, const std::filesystem::path& folder);
 
 // Fills the parameter table from the second-level file that IndexType, IndexSoftware and
 // IndexRevision name; does nothing while no board is present. name receives the file's name before
-// anything can fail. Throws RuntimeError for a file that can't be read (kFileNotFound) or holds
-// more than 32767 records (kOverflow). Records beyond the file's last keep what they held.
+// anything can fail. Throws RuntimeError for a file that can't be read (kFileNotFound), with the
+// table left as it was, and for one of more than 32767 records (kOverflow), with 32767 loaded.
+// Records beyond the file's last are zeros, whatever an earlier load left there.
 void LoadSecondLevel(BoardTables& tables, const std::filesystem::path& folder, std::string& name);
 
 }  // namespace sorvane

@@ -5,9 +5,12 @@
 #include "board/errors.h"
 #include "board/parameter_access.h"
 #include "support/index_files.h"
+#include "support/scarce_memory.h"
 
 namespace sorvane::test {
 namespace {
+
+constexpr std::size_t kEndless = std::size_t{64} << 20;  // bytes
 
 template <typename Call>
 void ExpectError(ErrorCode code, Call call) {
@@ -113,18 +116,41 @@ TEST_F(IndexFileTest, ATwoByteParameterReadsTheFirstTwoBytesOfItsDefault) {
   EXPECT_EQ(ParameterAccess(tables).ReadParameter(1, 0), 300);
 }
 
-TEST_F(IndexFileTest, ALoadStoresTheRecordsOfTheFileAndNoMore) {
+TEST_F(IndexFileTest, ALoadLeavesNothingOfWhatTheTableHeld) {
   LoadSecond(SecondLevelBytes(PlainRows(3)));
-  for (const int k : {1, 3}) {
+  for (const int k : {1, 3, 33000}) {
     tables.ParameterTable(k, 0).At(5) = 2;
     tables.ParameterTable(k, 0).At(6) = 7;
+    tables.ParameterTable(k, 0).At(23) = 9;
   }
   LoadSecond(SecondLevelBytes(PlainRows(2)));
   EXPECT_EQ(tables.RecordCount(0), 2);
   EXPECT_EQ(tables.ParameterTable(1, 0).At(5), 0);
   EXPECT_EQ(tables.ParameterTable(1, 0).At(6), 0);
+  EXPECT_EQ(tables.ParameterTable(2, 0).At(1), 2);
+  EXPECT_EQ(tables.ParameterTable(3, 0), ParameterRecord());
+  EXPECT_EQ(tables.ParameterTable(33000, 0), ParameterRecord());
+}
+
+TEST_F(IndexFileTest, ALoadOfTheFirstLevelLeavesNothingOfWhatTheTableHeld) {
+  LoadFirst(FirstLevelBytes(SystemRows(18)));
+  tables.SystemTable(20, 0).At(11) = 7;
+  LoadFirst(FirstLevelBytes(SystemRows(10)));
+  EXPECT_EQ(tables.SystemTable(10, 0).At(1), 10);
+  EXPECT_EQ(tables.SystemTable(11, 0), SystemRecord());
+  EXPECT_EQ(tables.SystemTable(20, 0), SystemRecord());
+}
+
+TEST_F(IndexFileTest, AFileThatCannotBeReadLeavesTheTablesAsTheyWere) {
+  LoadFirst(FirstLevelBytes(SystemRows(18)));
+  LoadSecond(SecondLevelBytes(PlainRows(3)));
+  folder.RemoveFile("W0309.inx");
+  folder.RemoveFile("W0309AA00.inx");
+  ExpectError(ErrorCode::kFileNotFound, [&] { LoadFirstLevel(tables, folder.Path()); });
+  ExpectError(ErrorCode::kFileNotFound, [&] { LoadSecondLevel(tables, folder.Path(), name); });
+  EXPECT_EQ(tables.RecordCount(0), 3);
+  EXPECT_EQ(tables.SystemTable(18, 0).At(1), 18);
   EXPECT_EQ(tables.ParameterTable(3, 0).At(1), 3);
-  EXPECT_EQ(tables.ParameterTable(3, 0).At(6), 7);
 }
 
 TEST_F(IndexFileTest, TheSecondLevelIsLoadedOnlyWhileABoardIsPresent) {
@@ -149,14 +175,26 @@ TEST_F(IndexFileTest, AFolderOfTheFilesNameIsFileNotFound) {
 TEST_F(IndexFileTest, TwentyIsTheLimitOfTheFirstLevel) {
   LoadFirst(Bytes(20 * 5, 1));
   EXPECT_EQ(tables.RecordCount(0), 20);
-  ExpectError(ErrorCode::kSubscriptOutOfRange, [&] { LoadFirst(Bytes(21 * 5, 1)); });
+  ExpectError(ErrorCode::kSubscriptOutOfRange, [&] { LoadFirst(Bytes(21 * 5, 2)); });
+  EXPECT_EQ(tables.SystemTable(20, 0).At(1), 2);
 }
 
 TEST_F(IndexFileTest, TheLargestCountIsTheLimitOfTheSecondLevel) {
   LoadSecond(Bytes(32767 * 9, 1));
   EXPECT_EQ(tables.RecordCount(0), 32767);
-  ExpectError(ErrorCode::kOverflow, [&] { LoadSecond(Bytes(32768 * 9, 1)); });
+  ExpectError(ErrorCode::kOverflow, [&] { LoadSecond(Bytes(32768 * 9, 2)); });
   EXPECT_EQ(name, "W0309AA00.inx");
+  EXPECT_EQ(tables.ParameterTable(32767, 0).At(1), 2);
+}
+
+TEST_F(IndexFileTest, AnEndlessFileFailsLikeOneOfARecordTooMany) {
+  for (const char* file : {"W0309.inx", "W0309AA00.inx"}) {
+    folder.WriteFile(file, {});
+    std::filesystem::resize_file(folder.Path() / file, kEndless);
+  }
+  const ScarceMemory memory(kEndless / 64);
+  ExpectError(ErrorCode::kSubscriptOutOfRange, [&] { LoadFirstLevel(tables, folder.Path()); });
+  ExpectError(ErrorCode::kOverflow, [&] { LoadSecondLevel(tables, folder.Path(), name); });
 }
 
 }  // namespace

@@ -83,7 +83,7 @@ int DecompileIndex(const path& index_file, int level, const path& names, const p
     return Fail(index_file, "can't be read", errors);
   }
   const auto size = static_cast<std::size_t>(RecordSize(level));
-  if (std::filesystem::file_size(index_file) != result.rows.size() * size) {
+  if (std::filesystem::file_size(index_file) % size != 0) {
     return Fail(index_file, "its length is not a multiple of " + std::to_string(size) + " bytes",
                 errors);
   }
