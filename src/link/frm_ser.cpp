@@ -1,6 +1,7 @@
 #include "link/frm_ser.h"
 
 #include <array>
+#include <exception>
 #include <utility>
 
 #include "board/errors.h"
@@ -264,7 +265,9 @@ void FrmSer::FinishLoad() {
 void FrmSer::Guarded(const std::function<void()>& step) {
   try {
     step();
-  } catch (const RuntimeError&) {
+  } catch (const InternalFault&) {
+    throw;
+  } catch (const std::exception&) {  // also for want of memory
     ShowAndEnd(IndexFileBox(index_name_));
   }
 }

@@ -4,9 +4,9 @@
 #include <QCloseEvent>
 #include <QMenuBar>
 #include <QStatusBar>
+#include <exception>
 
 #include "board/board_tables.h"
-#include "board/errors.h"
 #include "board/index_file.h"
 #include "link/dialogs.h"
 #include "link/frm_ser.h"
@@ -91,7 +91,7 @@ bool MainFrame::LoadIndexTables() {
     tables.IndexRevision = tables.BoardRevisionNumber;
     LoadSecondLevel(tables, out_.folder, name);
     return true;
-  } catch (const RuntimeError&) {
+  } catch (const std::exception&) {  // also for want of memory
     ShowAndEnd(IndexFileBox(name));
     return false;
   }

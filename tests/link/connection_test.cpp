@@ -3,6 +3,7 @@
 #include "board/errors.h"
 #include "link/frm_ser.h"
 #include "support/link_fixture.h"
+#include "support/scarce_memory.h"
 
 namespace sorvane::test {
 namespace {
@@ -163,6 +164,22 @@ TEST_F(ConnectionTest, ASecondLevelFileThatIsTooLongIsNamed) {
   link.folder.WriteFile("W0309AA00.inx", Bytes(32768 * 9, 0));
   Play();
   ExpectTheEnd("W0309AA00.inx not found !", "ERROR");
+}
+
+TEST_F(ConnectionTest, ASecondLevelFileThatMemoryDoesntHoldIsNamed) {
+  const Bytes longest(32767 * 9, 0);
+  link.folder.WriteFile("W0309AA00.inx", longest);
+  const ScarceMemory memory(longest.size() - 1);
+  Play();
+  ExpectTheEnd("W0309AA00.inx not found !", "ERROR");
+}
+
+TEST_F(ConnectionTest, AFirstLevelFileThatMemoryDoesntHoldHasNoName) {
+  const Bytes long_one(100000, 0);
+  link.folder.WriteFile("W0309.inx", long_one);
+  const ScarceMemory memory(long_one.size() - 1);
+  Play();
+  ExpectTheEnd(" not found !", "ERROR");
 }
 
 TEST_F(ConnectionTest, ANameFromAnEarlierConnectionIsForgotten) {

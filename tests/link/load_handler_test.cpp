@@ -22,6 +22,12 @@ class FailingTimer : public Timer {
   ErrorCode code_;
 };
 
+class FaultyTimer : public Timer {
+ public:
+  void Enable() override { throw InternalFault("a timer out of order"); }
+  void Disable() override {}
+};
+
 // A connection that goes well up to its last step: the tick of the sweep can't be enabled.
 Link::Setup FailingTick(ErrorCode code) {
   Link::Setup setup;
@@ -61,6 +67,21 @@ TEST(LoadHandler, AMissingFileBehindAnEmptyTableCallsForAnInstallation) {
 TEST(LoadHandler, AnyOtherErrorCallsForAnInstallation) {
   ExpectTheEnd(FailingTick(ErrorCode::kOverflow), "Reinstall Program");
   ExpectTheEnd(FailingTick(ErrorCode::kPort), "Reinstall Program");
+}
+
+TEST(LoadHandler, AFaultOfTheProgramItselfIsNoMatterOfTheFiles) {
+  Link::Setup setup;
+  setup.timers = [](const TimerMaker& usual) -> TimerMaker {
+    return [usual](std::chrono::milliseconds interval,
+                   std::function<void()> handler) -> std::unique_ptr<Timer> {
+      if (interval.count() == 2000) return std::make_unique<FaultyTimer>();
+      return usual(interval, std::move(handler));
+    };
+  };
+  Link link(setup);
+  link.Load();
+  EXPECT_THROW(link.clock.Advance(100), InternalFault);
+  link.dialogs.ExpectNone();
 }
 
 TEST(LoadHandler, AFileThatIsThereAlreadyLetsTheLoadGoOn) {
