@@ -51,7 +51,7 @@ void CheckCharacters(const std::string& line) {
     Require(text[static_cast<qsizetype>(i)] == kCharacters[static_cast<unsigned char>(line[i])],
             "a byte is its character in the western set");
   }
-  Require(ToWestern(text) == line, "a text goes back to its bytes");
+  Require(PathToWestern(WesternToPath(line)) == line, "a text goes back to its bytes");
 }
 
 // What the table holds: the lines, and behind them what it held before.
@@ -63,80 +63,99 @@ void CheckTable(const MessageTable& messages, const Texts& lines, const std::str
   }
 }
 
-// Whether f came to its end, rather than to line 1001.
+// How a load ends: with line 1001, with a line that is too long, or well.
+using Failure = std::optional<ErrorCode>;
+
 template <typename Load>
-bool Loads(const Load& load) {
+Failure FailureOf(const Load& load) {
   try {
     load();
-    return true;
+    return std::nullopt;
   } catch (const RuntimeError& error) {
-    Require(error.Code() == ErrorCode::kSubscriptOutOfRange, "a file fails by its length only");
-    return false;
+    return error.Code();
   }
 }
 
 bool IsMark(const std::string& line) { return line.compare(0, 3, ";--") == 0; }
 
-// What a comparison loads, and its result; none where line 1001 would be loaded.
-struct Comparison {
+// What loading a file, or comparing two, puts into the table, and how it ends.
+struct Outcome {
   Texts loaded;
-  std::optional<bool> fits;
+  bool fits = true;
+  Failure failure;
 };
 
-Comparison Compare(const Texts& in_use, const Texts& chosen) {
-  Comparison comparison;
-  for (std::size_t i = 0; i < in_use.size(); ++i) {
-    if (i >= chosen.size() || (IsMark(in_use[i]) && !IsMark(chosen[i]))) {
-      comparison.fits = false;
-      return comparison;
+Outcome Load(const Texts& lines) {
+  Outcome outcome;
+  for (const std::string& line : lines) {
+    if (IsTooLong(line)) {
+      outcome.failure = ErrorCode::kOverflow;
+    } else if (outcome.loaded.size() == kMostLines) {
+      outcome.failure = ErrorCode::kSubscriptOutOfRange;
     }
-    if (i == kMostLines) return comparison;
-    comparison.loaded.push_back(chosen[i]);
+    if (outcome.failure) return outcome;
+    outcome.loaded.push_back(line);
   }
-  comparison.fits = true;
-  return comparison;
+  return outcome;
 }
 
-Texts Loadable(Texts lines) {
-  if (lines.size() > kMostLines) lines.resize(kMostLines);
-  return lines;
+// Line by line of both files; nothing behind the first difference counts.
+Outcome Compare(const Texts& in_use, const Texts& chosen) {
+  Outcome outcome;
+  for (std::size_t i = 0; i < in_use.size(); ++i) {
+    const bool there = i < chosen.size();
+    if (IsTooLong(in_use[i]) || (there && IsTooLong(chosen[i]))) {
+      outcome.failure = ErrorCode::kOverflow;
+    } else if (!there || (IsMark(in_use[i]) && !IsMark(chosen[i]))) {
+      outcome.fits = false;
+    } else if (i == kMostLines) {
+      outcome.failure = ErrorCode::kSubscriptOutOfRange;
+    }
+    if (outcome.failure || !outcome.fits) return outcome;
+    outcome.loaded.push_back(chosen[i]);
+  }
+  return outcome;
 }
 
 void CheckLoading(const std::filesystem::path& folder, const Texts& lines) {
   MessageTable messages;
-  const bool loads = Loads([&] { LoadLanguageFile(folder, "A.lng", messages); });
-  Require(loads == (lines.size() <= kMostLines), "1000 lines load, and no more");
-  CheckTable(messages, Loadable(lines), "");
+  const Outcome expected = Load(lines);
+  const Failure failure = FailureOf([&] { LoadLanguageFile(folder, "A.lng", messages); });
+  Require(failure == expected.failure, "1000 lines of 10000 characters load, and no more");
+  CheckTable(messages, expected.loaded, "");
   for (const std::string& line : lines) CheckCharacters(line);
 }
 
-void CheckComparing(const std::filesystem::path& folder, const Comparison& expected) {
+void CheckComparing(const std::filesystem::path& folder, const Outcome& expected) {
   MessageTable messages;
   for (int n = 0; n < MessageTable::kElements; ++n) messages[n] = "before";
-  std::optional<bool> fits;
-  Loads([&] { fits = CompareLanguageFiles(folder, "A.lng", "B.lng", messages); });
-  Require(fits == expected.fits, "a file fits by its marks and its length");
+  bool fits = false;
+  const Failure failure =
+      FailureOf([&] { fits = CompareLanguageFiles(folder, "A.lng", "B.lng", messages); });
+  Require(failure == expected.failure, "a comparison fails by a long file only");
+  Require(failure || fits == expected.fits, "a file fits by its marks and its length");
   CheckTable(messages, expected.loaded, "before");
 }
 
 void CheckChoosing(const std::filesystem::path& folder, const Texts& in_use,
-                   const Comparison& expected) {
+                   const Outcome& compared) {
   MessageTable messages;
   MenuMarks menu;
   Settings settings;
   Require(FindLanguages(folder, menu).size() == 2, "both files are listed");
   menu.smnuLingue[0].checked = true;
-  std::optional<bool> fits;
-  const bool done = Loads([&] { fits = ChooseLanguage(1, folder, settings, menu, messages); });
-  const bool reloads = expected.fits == false && in_use.size() > kMostLines;
-  Require(done == (expected.fits.has_value() && !reloads), "a choice fails by a long file only");
-  if (!done) return;
-  Require(fits == expected.fits, "a choice fits as the comparison does");
-  Require(settings.LanguageName == (*fits ? "B" : "A"), "a file that doesn't fit isn't taken");
-  Require(menu.smnuLingue[*fits ? 1 : 0].checked && !menu.smnuLingue[*fits ? 0 : 1].checked,
+  bool fits = false;
+  const Failure failure =
+      FailureOf([&] { fits = ChooseLanguage(1, folder, settings, menu, messages); });
+  // After a refusal the old file is loaded again.
+  const Outcome expected = compared.fits ? compared : Load(in_use);
+  Require(failure == expected.failure, "a choice fails by a long file only");
+  if (failure) return;
+  Require(fits == compared.fits, "a choice fits as the comparison does");
+  Require(settings.LanguageName == (fits ? "B" : "A"), "a file that doesn't fit isn't taken");
+  Require(menu.smnuLingue[fits ? 1 : 0].checked && !menu.smnuLingue[fits ? 0 : 1].checked,
           "the language in use is checked");
-  // After a refusal the old file stands in the table again, whole.
-  CheckTable(messages, *fits ? expected.loaded : in_use, "");
+  CheckTable(messages, expected.loaded, "");
 }
 
 void Run(Input input) {
@@ -148,7 +167,7 @@ void Run(Input input) {
   Fill(folder / "A.lng", first);
   Fill(folder / "B.lng", second);
   const Texts in_use = LinesOf(first);
-  const Comparison comparison = Compare(in_use, LinesOf(second));
+  const Outcome comparison = Compare(in_use, LinesOf(second));
   CheckLoading(folder, in_use);
   CheckComparing(folder, comparison);
   CheckChoosing(folder, in_use, comparison);

@@ -14,6 +14,7 @@
 #include "pages/frm_info.h"
 #include "pages/program_pages.h"
 #include "platform/com_port_path.h"
+#include "platform/program_path.h"
 #include "platform/serial_port.h"
 #include "platform/start_program.h"
 #include "platform/usb_adapter.h"
@@ -23,6 +24,7 @@
 #include "shell/program_gate.h"
 #include "shell/qt_dialogs.h"
 #include "shell/qt_timer.h"
+#include "shell/settings.h"
 #include "shell/western_text.h"
 #include "version.h"
 
@@ -50,7 +52,8 @@ int main(int argc, char** argv) {
   QApplication::setWindowIcon(ProgramIcon());
   // The program ends where its rules say so, not with a box that closes before the frame shows.
   QApplication::setQuitOnLastWindowClosed(false);
-  const std::filesystem::path folder = QApplication::applicationDirPath().toStdU16String();
+  const std::filesystem::path program = ProgramPath();
+  const std::filesystem::path folder = program.parent_path();
 
   std::unique_ptr<QtDialogs> dialogs;
   ProgramGate gate(
@@ -84,6 +87,7 @@ int main(int argc, char** argv) {
                    .make_timer = MakeQtTimers(gate),
                    .now = [] { return QDateTime::currentDateTime(); },
                    .folder = folder,
+                   .settings_file = SettingsFile(program),
                    .pages = ProgramPages(QApplication::applicationDisplayName(), kVersion),
                    .find_usb_port = FindSystemUsbPort,
                    .start_program = [](const std::filesystem::path& path) { StartProgram(path); }});

@@ -1,13 +1,10 @@
 #include "shell/file_list.h"
 
 #include <algorithm>
-#include <fstream>
-#include <iterator>
 #include <optional>
 #include <system_error>
 #include <utility>
 
-#include "board/errors.h"
 #include "shell/western_text.h"
 
 namespace sorvane {
@@ -42,23 +39,6 @@ std::filesystem::path FindFile(const std::filesystem::path& folder, std::string_
     if (other.size() == name.size()) return folder / WesternToPath(other);
   }
   return exact;
-}
-
-std::vector<std::string> ReadLines(const std::filesystem::path& file) {
-  std::error_code error;
-  std::ifstream in(file, std::ios::binary);
-  if (!in || !std::filesystem::is_regular_file(file, error)) {
-    throw RuntimeError(ErrorCode::kFileNotFound);
-  }
-  const std::string text{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-  std::vector<std::string> lines;
-  std::size_t start = 0;
-  while (start < text.size()) {
-    const std::size_t end = std::min(text.find_first_of("\r\n", start), text.size());
-    lines.push_back(text.substr(start, end - start));
-    start = end + (text.compare(end, 2, "\r\n") == 0 ? 2 : 1);
-  }
-  return lines;
 }
 
 }  // namespace sorvane

@@ -17,8 +17,4 @@ std::vector<std::string> ListFiles(const std::filesystem::path& folder, std::str
 // that differs in case only, it is that file's path.
 std::filesystem::path FindFile(const std::filesystem::path& folder, std::string_view name);
 
-// The lines of a text file, which end in a carriage return and a line feed or in either alone; the
-// last may lack its end. Throws RuntimeError kFileNotFound for a file that can't be read.
-std::vector<std::string> ReadLines(const std::filesystem::path& file);
-
 }  // namespace sorvane

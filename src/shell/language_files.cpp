@@ -4,6 +4,7 @@
 #include <cstddef>
 
 #include "shell/file_list.h"
+#include "shell/line_reader.h"
 
 namespace sorvane {
 namespace {
@@ -49,18 +50,20 @@ bool CeckLingue(const std::filesystem::path& folder, Settings& settings, MenuMar
 
 void LoadLanguageFile(const std::filesystem::path& folder, std::string_view name,
                       MessageTable& messages) {
-  int n = 0;
-  for (const std::string& line : ReadLines(FindFile(folder, name))) messages[++n] = line;
+  LineReader file(FindFile(folder, name));
+  for (int n = 1; !file.AtEnd(); ++n) messages[n] = file.ReadLine();
 }
 
 bool CompareLanguageFiles(const std::filesystem::path& folder, std::string_view in_use,
                           std::string_view chosen, MessageTable& messages) {
-  const std::vector<std::string> old_lines = ReadLines(FindFile(folder, in_use));
-  const std::vector<std::string> new_lines = ReadLines(FindFile(folder, chosen));
-  for (std::size_t line = 0; line < old_lines.size(); ++line) {
-    if (line == new_lines.size()) return false;
-    if (old_lines[line].starts_with(kMark) && !new_lines[line].starts_with(kMark)) return false;
-    messages[static_cast<int>(line) + 1] = new_lines[line];
+  LineReader old_file(FindFile(folder, in_use));
+  LineReader new_file(FindFile(folder, chosen));
+  for (int n = 1; !old_file.AtEnd(); ++n) {
+    const std::string old_line = old_file.ReadLine();
+    if (new_file.AtEnd()) return false;
+    const std::string new_line = new_file.ReadLine();
+    if (old_line.starts_with(kMark) && !new_line.starts_with(kMark)) return false;
+    messages[n] = new_line;
   }
   return true;
 }

@@ -25,8 +25,9 @@ std::vector<std::string> FindLanguages(const std::filesystem::path& folder, Menu
 bool CeckLingue(const std::filesystem::path& folder, Settings& settings, MenuMarks& menu,
                 MessageTable& messages);
 
-// name has its extension. Throws RuntimeError for a file that can't be read (kFileNotFound) and for
-// line 1001 (kSubscriptOutOfRange), with the lines before it loaded.
+// name has its extension. Throws RuntimeError for a file that can't be read (kFileNotFound), for
+// line 1001 (kSubscriptOutOfRange) and for a line that no reader takes (kOverflow), with the lines
+// before it loaded. No more of the file is read.
 void LoadLanguageFile(const std::filesystem::path& folder, std::string_view name,
                       MessageTable& messages);
 

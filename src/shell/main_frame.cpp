@@ -65,7 +65,7 @@ MainFrame::~MainFrame() = default;
 void MainFrame::Load() {
   std::filesystem::current_path(out_.folder);
   menu_->EnableBoardEntries(false);
-  if (!ReadSettings(out_.folder, settings_, marks_) ||
+  if (!ReadSettings(out_.settings_file, settings_, marks_) ||
       !CeckLingue(out_.folder, settings_, marks_, messages_)) {
     ShowAndEnd(NoLanguageBox());
     return;
@@ -103,7 +103,7 @@ void MainFrame::OnChosen(const QString& entry) {
   } else if (entry == "mnuUSB") {
     ChooseUsb();
   } else if (entry.startsWith("mnuCox")) {
-    ChooseCox(static_cast<uint8_t>(IndexIn(entry)), out_.folder, settings_, marks_);
+    ChooseCox(static_cast<uint8_t>(IndexIn(entry)), out_.settings_file, settings_, marks_);
     menu_->ShowMarks(marks_);
   } else if (entry.startsWith("smnuLingue")) {
     ChooseLanguage(IndexIn(entry));
@@ -135,7 +135,7 @@ void MainFrame::OpenPage(const QString& entry) {
 }
 
 void MainFrame::ChooseUsb() {
-  const bool found = sorvane::ChooseUsb(out_.find_usb_port, out_.folder, settings_, marks_);
+  const bool found = sorvane::ChooseUsb(out_.find_usb_port, out_.settings_file, settings_, marks_);
   menu_->ShowMarks(marks_);
   if (!found) out_.dialogs.Show(NoUsbPortBox(), [](Answer) {});
 }
@@ -152,7 +152,7 @@ void MainFrame::ChooseLanguage(int entry) {
 
 void MainFrame::FinishLanguageChoice() {
   menu_->InitMenu(messages_);
-  SaveSettings(out_.folder, settings_, marks_);
+  SaveSettings(out_.settings_file, settings_, marks_);
   pages_->Refresh();
 }
 
@@ -166,7 +166,7 @@ void MainFrame::closeEvent(QCloseEvent* event) {
 void MainFrame::Exit() {
   pages_->CloseAll();
   try {
-    SaveSettings(out_.folder, settings_, marks_);
+    SaveSettings(out_.settings_file, settings_, marks_);
     out_.link.Unload();
     StartSibling();
   } catch (const std::exception&) {

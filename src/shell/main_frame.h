@@ -39,6 +39,7 @@ class MainFrame : public QMainWindow {
         make_timer;
     std::function<QDateTime()> now;  // the PC's clock, local time
     std::filesystem::path folder;    // of the program
+    std::filesystem::path settings_file;
     std::vector<PageRow> pages;
     std::function<std::string()> find_usb_port;
     std::function<void(const std::filesystem::path&)> start_program;

@@ -2,15 +2,15 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <fstream>
+#include <optional>
 #include <string_view>
-#include <utility>
-#include <vector>
 
 #include "board/errors.h"
 #include "board/numbers.h"
-#include "shell/file_list.h"
 #include "shell/language_files.h"
+#include "shell/line_reader.h"
+#include "shell/save_file.h"
+#include "shell/western_text.h"
 
 namespace sorvane {
 namespace {
@@ -18,22 +18,8 @@ namespace {
 constexpr std::size_t kLanguageKey = 7;  // characters before the language's name, "Lingua="
 constexpr std::size_t kPortKey = 3;      // characters before the number of a port's name, "COM"
 
-// The file while it is being read. Closed, it has no lines.
-class SettingsReader {
- public:
-  void Open(const std::filesystem::path& file) { lines_ = ReadLines(file); }
-  void Close() { lines_.clear(); }
-
-  std::string ReadLine() {
-    if (lines_.empty()) throw RuntimeError(ErrorCode::kInputPastEnd);
-    std::string line = std::move(lines_.front());
-    lines_.erase(lines_.begin());
-    return line;
-  }
-
- private:
-  std::vector<std::string> lines_;
-};
+constexpr std::u16string_view kProgramExtension = u".EXE";
+constexpr const char* kSettingsExtension = ".ini";
 
 uint8_t ToPortNumber(std::string_view digits) {
   const bool is_number =
@@ -57,23 +43,27 @@ std::string LanguageOfLine(const std::string& line) {
 // were, the file is closed, and the next statement follows. So a port that line 1 named can stay
 // checked beside PortNumber 1.
 void ReadFile(const std::filesystem::path& file, Settings& settings, MenuMarks& menu) {
-  SettingsReader reader;
+  std::optional<LineReader> reader;
+  const auto read_line = [&] {
+    if (!reader) throw RuntimeError(ErrorCode::kInputPastEnd);
+    return reader->ReadLine();
+  };
   const auto attempt = [&](const auto& statement) {
     try {
       statement();
     } catch (const RuntimeError&) {
       settings.PortNumber = 1;
       settings.LanguageName = menu.smnuLingue[0].caption;
-      reader.Close();
+      reader.reset();
     }
   };
   std::string first;
   std::string second;
-  attempt([&] { reader.Open(file); });
-  attempt([&] { first = reader.ReadLine(); });
+  attempt([&] { reader.emplace(file); });
+  attempt([&] { first = read_line(); });
   attempt([&] { settings.PortNumber = PortOfLine(first); });
   attempt([&] { menu.mnuCox(settings.PortNumber) = true; });
-  attempt([&] { second = reader.ReadLine(); });
+  attempt([&] { second = read_line(); });
   attempt([&] { settings.LanguageName = LanguageOfLine(second); });
 }
 
@@ -89,11 +79,19 @@ std::size_t MenuMarks::Place(int i) {
   return static_cast<std::size_t>(i - 1);
 }
 
-bool ReadSettings(const std::filesystem::path& folder, Settings& settings, MenuMarks& menu) {
+std::filesystem::path SettingsFile(const std::filesystem::path& program) {
+  std::filesystem::path file = program;
+  const std::optional<std::string> extension = PathToWestern(program.extension());
+  if (extension && FoldCase(*extension) == kProgramExtension) file.replace_extension();
+  file += kSettingsExtension;
+  return file;
+}
+
+bool ReadSettings(const std::filesystem::path& file, Settings& settings, MenuMarks& menu) {
   const std::string remembered = menu.smnuLingue[0].caption;
   settings.LanguageName = remembered;
-  ReadFile(folder / kSettingsFile, settings, menu);
-  if (FindLanguages(folder, menu).empty()) return false;
+  ReadFile(file, settings, menu);
+  if (FindLanguages(file.parent_path(), menu).empty()) return false;
   if (remembered == settings.LanguageName) return true;
   const auto unused =
       std::find_if(menu.smnuLingue.begin(), menu.smnuLingue.end(),
@@ -101,25 +99,21 @@ bool ReadSettings(const std::filesystem::path& folder, Settings& settings, MenuM
   if (unused != menu.smnuLingue.end()) {
     unused->checked = true;
     settings.LanguageName.clear();
-    SaveSettings(folder, settings, menu);
+    SaveSettings(file, settings, menu);
   }
   return true;
 }
 
-void SaveSettings(const std::filesystem::path& folder, const Settings& settings,
+void SaveSettings(const std::filesystem::path& file, const Settings& settings,
                   const MenuMarks& menu) {
   auto language = std::find_if(menu.smnuLingue.begin(), menu.smnuLingue.end(),
                                [](const MenuMarks::Language& entry) { return entry.checked; });
   if (language == menu.smnuLingue.end()) language = menu.smnuLingue.begin();
-  std::ofstream out(folder / kSettingsFile, std::ios::binary | std::ios::trunc);
-  out << "Com=" << int{settings.PortNumber} << "\r\n"
-      << "Lingua=" << language->caption << "\r\n";
-  out.close();
-  if (!out) throw RuntimeError(ErrorCode::kFileAccess);
+  SaveFile(file, "Com=" + std::to_string(settings.PortNumber) + "\r\nLingua=" + language->caption +
+                     "\r\n");
 }
 
-void ChooseCox(uint8_t i, const std::filesystem::path& folder, Settings& settings,
-               MenuMarks& menu) {
+void ChooseCox(uint8_t i, const std::filesystem::path& file, Settings& settings, MenuMarks& menu) {
   settings.PortNumber = i;
   ClearPortMarks(menu);
   if (i <= MenuMarks::kPorts) {
@@ -127,18 +121,18 @@ void ChooseCox(uint8_t i, const std::filesystem::path& folder, Settings& setting
   } else {
     menu.mnuUSB = true;
   }
-  SaveSettings(folder, settings, menu);
+  SaveSettings(file, settings, menu);
 }
 
-bool ChooseUsb(const std::function<std::string()>& find_usb_port,
-               const std::filesystem::path& folder, Settings& settings, MenuMarks& menu) {
+bool ChooseUsb(const std::function<std::string()>& find_usb_port, const std::filesystem::path& file,
+               Settings& settings, MenuMarks& menu) {
   ClearPortMarks(menu);
   const std::string name = find_usb_port();
   if (name.empty()) return false;
   settings.PortNumber =
       ToPortNumber(std::string_view(name).substr(std::min(kPortKey, name.size())));
   menu.mnuUSB = true;
-  SaveSettings(folder, settings, menu);
+  SaveSettings(file, settings, menu);
   return true;
 }
 

@@ -2,13 +2,11 @@
 #include <gtest/gtest.h>
 
 #include "shell/file_list.h"
-#include "shell/plain_errors.h"
 #include "shell/plain_files.h"
 
 namespace sorvane {
 namespace {
 
-using test::ErrorOf;
 using test::TempFolder;
 using test::WriteText;
 using ::testing::ElementsAre;
@@ -82,35 +80,6 @@ TEST(FileList, AFileOfExactlyTheNameGoesFirst) {
 TEST(FileList, AMissingFileKeepsItsName) {
   const TempFolder folder;
   EXPECT_EQ(FindFile(folder.Path(), "a.lng"), folder.Path() / "a.lng");
-}
-
-TEST(ReadLines, AllKindsOfLineEndsCount) {
-  const TempFolder folder;
-  WriteText(folder, "f", "one\r\ntwo\nthree\rfour\r\n\r\n\n\rend\n");
-  EXPECT_THAT(ReadLines(folder.Path() / "f"),
-              ElementsAre("one", "two", "three", "four", "", "", "", "end"));
-}
-
-TEST(ReadLines, TheLastLineMayLackItsEnd) {
-  const TempFolder folder;
-  WriteText(folder, "f", "one\r\n two ");
-  EXPECT_THAT(ReadLines(folder.Path() / "f"), ElementsAre("one", " two "));
-}
-
-TEST(ReadLines, AnEmptyFileHasNoLines) {
-  const TempFolder folder;
-  WriteText(folder, "f", "");
-  EXPECT_THAT(ReadLines(folder.Path() / "f"), IsEmpty());
-}
-
-TEST(ReadLines, AMissingFileIsAnError) {
-  const TempFolder folder;
-  EXPECT_EQ(ErrorOf([&] { ReadLines(folder.Path() / "none"); }), ErrorCode::kFileNotFound);
-}
-
-TEST(ReadLines, AFolderIsNoFile) {
-  const TempFolder folder;
-  EXPECT_EQ(ErrorOf([&] { ReadLines(folder.Path()); }), ErrorCode::kFileNotFound);
 }
 
 }  // namespace

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <string>
+#include <vector>
 
 #include "support/index_files.h"
 
@@ -26,6 +28,16 @@ inline void WriteText(const TempFolder& folder, const std::filesystem::path& nam
 inline std::string ReadText(const TempFolder& folder, const std::string& name) {
   std::ifstream in(folder.Path() / name, std::ios::binary);
   return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+// The names of all that a folder holds, in order.
+inline std::vector<std::string> NamesIn(const TempFolder& folder) {
+  std::vector<std::string> names;
+  for (const auto& entry : std::filesystem::directory_iterator(folder.Path())) {
+    names.push_back(entry.path().filename().string());
+  }
+  std::sort(names.begin(), names.end());
+  return names;
 }
 
 }  // namespace sorvane::test

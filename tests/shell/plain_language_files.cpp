@@ -121,6 +121,19 @@ TEST_F(LanguageFilesTest, Line1001IsASubscriptError) {
             ErrorCode::kSubscriptOutOfRange);
 }
 
+TEST_F(LanguageFilesTest, ALineWithoutEndOverflowsWithTheLinesBeforeItLoaded) {
+  Write("A", "one\r\n" + std::string(10001, 'x'));
+  EXPECT_EQ(ErrorOf([&] { LoadLanguageFile(folder_.Path(), "A.lng", messages_); }),
+            ErrorCode::kOverflow);
+  EXPECT_EQ(messages_[1], "one");
+  EXPECT_EQ(messages_[2], "");
+}
+
+TEST_F(LanguageFilesTest, ALineWithoutEndBehindTheEndOfTheFileInUseIsNotRead) {
+  EXPECT_TRUE(Compare("one\r\n", "ONE\r\n" + std::string(10001, 'x')));
+  EXPECT_EQ(messages_[1], "ONE");
+}
+
 TEST_F(LanguageFilesTest, AMissingFileIsAnError) {
   EXPECT_EQ(ErrorOf([&] { LoadLanguageFile(folder_.Path(), "A.lng", messages_); }),
             ErrorCode::kFileNotFound);
@@ -325,8 +338,8 @@ TEST_F(LanguageFilesTest, OfSeveralCheckedEntriesTheLastIsTheOneInUse) {
 
 TEST_F(LanguageFilesTest, AMarkOnAnUnusedEntryEndsTheFirstChoiceInFileNotFound) {
   WriteLanguages(2);
-  WriteText(folder_, kSettingsFile, "Com=1\r\nLingua=B\r\n");
-  ASSERT_TRUE(ReadSettings(folder_.Path(), settings_, menu_));
+  WriteText(folder_, "Sorvane.ini", "Com=1\r\nLingua=B\r\n");
+  ASSERT_TRUE(ReadSettings(folder_.Path() / "Sorvane.ini", settings_, menu_));
   ASSERT_TRUE(Start());
   EXPECT_THAT(Checked(), ElementsAre(0, 2));
   EXPECT_EQ(ErrorOf([&] { Choose(1); }), ErrorCode::kFileNotFound);

@@ -16,6 +16,8 @@ using test::WriteText;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
+constexpr const char* kSettingsFile = "Sorvane.ini";
+
 // A program folder, with one language unless a test says otherwise, and one run of the program.
 class SettingsTest : public ::testing::Test {
  protected:
@@ -26,7 +28,7 @@ class SettingsTest : public ::testing::Test {
     }
   }
 
-  bool Read() { return ReadSettings(folder_.Path(), settings_, menu_); }
+  bool Read() { return ReadSettings(Path(), settings_, menu_); }
 
   void ReadFrom(const std::string& text) {
     WriteText(folder_, kSettingsFile, text);
@@ -43,12 +45,13 @@ class SettingsTest : public ::testing::Test {
     EXPECT_TRUE(CeckLingue(folder_.Path(), settings_, menu_, messages_));
   }
 
-  void Save() { SaveSettings(folder_.Path(), settings_, menu_); }
-  void ChoosePort(uint8_t i) { ChooseCox(i, folder_.Path(), settings_, menu_); }
+  void Save() { SaveSettings(Path(), settings_, menu_); }
+  void ChoosePort(uint8_t i) { ChooseCox(i, Path(), settings_, menu_); }
   bool ChooseAdapter(const std::string& name) {
-    return ChooseUsb([&] { return name; }, folder_.Path(), settings_, menu_);
+    return ChooseUsb([&] { return name; }, Path(), settings_, menu_);
   }
 
+  std::filesystem::path Path() const { return folder_.Path() / kSettingsFile; }
   std::string File() const { return ReadText(folder_, kSettingsFile); }
 
   // The ports whose entries are checked; 0 is the USB adapter's.
@@ -98,6 +101,18 @@ TEST_F(SettingsTest, AnEmptyFileReadsLikeNone) {
   ReadFrom("");
   EXPECT_EQ(settings_.PortNumber, 1);
   EXPECT_THAT(CheckedPorts(), ElementsAre(1));
+}
+
+TEST_F(SettingsTest, AFirstLineWithoutEndReadsLikeNone) {
+  ReadFrom(std::string(20000, '3'));
+  EXPECT_EQ(settings_.PortNumber, 1);
+  EXPECT_THAT(CheckedPorts(), ElementsAre(1));
+}
+
+TEST_F(SettingsTest, LinesBehindTheSecondAreNotRead) {
+  ReadFrom("Com=3\r\nLingua=\r\n" + std::string(20000, 'x'));
+  EXPECT_EQ(settings_.PortNumber, 3);
+  EXPECT_THAT(CheckedPorts(), ElementsAre(3));
 }
 
 TEST_F(SettingsTest, AFolderInPlaceOfTheFileReadsLikeNone) {
@@ -386,6 +401,22 @@ TEST_F(SettingsTest, AnAdaptersNumberAbove255Overflows) {
   EXPECT_TRUE(ChooseAdapter("COM255"));
   EXPECT_EQ(ErrorOf([&] { ChooseAdapter("COM256"); }), ErrorCode::kOverflow);
   EXPECT_EQ(settings_.PortNumber, 255);
+}
+
+TEST(SettingsFile, BearsTheNameOfTheProgram) {
+  const std::filesystem::path folder = "folder";
+  EXPECT_EQ(SettingsFile(folder / "Sorvane"), folder / "Sorvane.ini");
+  EXPECT_EQ(SettingsFile(folder / "Sorvane.exe"), folder / "Sorvane.ini");
+  EXPECT_EQ(SettingsFile(folder / "DEMO.EXE"), folder / "DEMO.ini");
+  EXPECT_EQ(SettingsFile(folder / u8"Prüfstand 日本.exe"), folder / u8"Prüfstand 日本.ini");
+}
+
+TEST(SettingsFile, KeepsTheDotsOfTheName) {
+  EXPECT_EQ(SettingsFile("Sorvane 1.2"), "Sorvane 1.2.ini");
+  EXPECT_EQ(SettingsFile("Sorvane 1.2.exe"), "Sorvane 1.2.ini");
+  EXPECT_EQ(SettingsFile("Sorvane.exe.old"), "Sorvane.exe.old.ini");
+  EXPECT_EQ(SettingsFile("Sorvane.ini"), "Sorvane.ini.ini");
+  EXPECT_EQ(SettingsFile(u8"Sorvane.日本"), std::filesystem::path(u8"Sorvane.日本.ini"));
 }
 
 TEST(SettingsBox, SpeaksItsWords) {

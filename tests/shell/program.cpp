@@ -57,6 +57,7 @@ Program::Program(const Setup& setup)
       .make_timer = link.clock.Maker(),
       .now = [this] { return now(); },
       .folder = link.folder.Path(),
+      .settings_file = link.folder.Path() / "Sorvane.ini",
       .pages = setup.pages.empty() ? ProgramPages("Sorvane", Version{1, 0, 0}) : setup.pages,
       .find_usb_port = [port = setup.usb_port] { return port; },
       .start_program = [this](const std::filesystem::path& path) { started.push_back(path); }});

@@ -4,8 +4,23 @@
 
 namespace sorvane::test {
 
-// A pipe with a name in the place of a file, and a look at whether anybody opens it. Whoever does
-// isn't kept waiting, so that a test comes to its end in either case.
+// A look at whether anybody opens a file, a device or a pipe.
+class OpenWatch {
+ public:
+  explicit OpenWatch(const std::filesystem::path& file);
+  ~OpenWatch();
+  OpenWatch(const OpenWatch&) = delete;
+  OpenWatch& operator=(const OpenWatch&) = delete;
+
+  // Whether it has been opened since the watch was made.
+  bool WasOpened() const;
+
+ private:
+  int watch_;
+};
+
+// A pipe with a name in the place of a file. Whoever opens it isn't kept waiting, so that a test
+// comes to its end in either case.
 class WatchedPipe {
  public:
   explicit WatchedPipe(const std::filesystem::path& file);
@@ -13,12 +28,11 @@ class WatchedPipe {
   WatchedPipe(const WatchedPipe&) = delete;
   WatchedPipe& operator=(const WatchedPipe&) = delete;
 
-  // Whether it has been opened since it was made.
-  bool WasOpened() const;
+  bool WasOpened() const { return watch_.WasOpened(); }
 
  private:
   int end_;
-  int watch_;
+  OpenWatch watch_;
 };
 
 }  // namespace sorvane::test
