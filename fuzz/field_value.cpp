@@ -25,8 +25,9 @@ void Run(Typed typed) {
   }
   Require(outcome->value >= 0 && outcome->value <= 65535, "an amount fits two bytes");
   if (typed.decimals > kMostShownDecimals) return;
-  typed.text = FormatMoney(outcome->value / std::pow(10, typed.decimals),
-                           static_cast<uint8_t>(typed.decimals), typed.separators);
+  const std::string shown = FormatMoney(outcome->value / std::pow(10, typed.decimals),
+                                        static_cast<uint8_t>(typed.decimals), typed.separators);
+  typed.text.assign(shown.begin(), shown.end());
   Require(Parsed(typed) == outcome, "an amount that is shown and typed again is the same");
 }
 

@@ -11,7 +11,7 @@ namespace {
 void Run(const Typed& typed) {
   const bool passes = IsNumeric(typed.text, typed.separators);
   Require(passes == Passes(typed.text, typed.separators), "a text passes by its shape");
-  Require(IsNumeric(" \t\xA0" + typed.text + "\xA0 ", typed.separators) == passes,
+  Require(IsNumeric(u" \t\u00A0" + typed.text + u"\u00A0 ", typed.separators) == passes,
           "blanks on either side count for nothing");
 }
 

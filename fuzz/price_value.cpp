@@ -9,7 +9,7 @@ namespace sorvane::fuzz {
 namespace {
 
 Outcome Expected(const Typed& typed) {
-  const bool separated = typed.text.find_first_of(",.") != std::string::npos;
+  const bool separated = typed.text.find_first_of(u",.") != std::u16string::npos;
   const bool two =
       separated && Passes(typed.text, typed.separators) && IsTwo(typed.text, typed.separators);
   return two ? kRefused : FieldOutcome(typed);

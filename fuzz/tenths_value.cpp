@@ -16,11 +16,11 @@ Outcome Parsed(const Typed& typed) {
 // Digits alone count tenfold; else digits, a separator, one digit that counts, and whatever stands
 // behind it.
 Outcome Expected(const Typed& typed) {
-  const std::string& text = typed.text;
+  const std::u16string& text = typed.text;
   if (text.empty()) return kRefused;
   if (!Passes(text, typed.separators)) return kNotNumeric;
-  const std::size_t end = text.find_first_not_of("0123456789");
-  if (end == std::string::npos) return Scaled(text, 1);
+  const std::size_t end = text.find_first_not_of(u"0123456789");
+  if (end == std::u16string::npos) return Scaled(text, 1);
   const bool separator = text[end] == ',' || text[end] == '.';
   if (!separator || end + 1 == text.size() || text[end + 1] < '0' || text[end + 1] > '9') {
     return kRefused;
@@ -35,7 +35,8 @@ void Run(Typed typed) {
     Require(!outcome || outcome->value == 0, "what is refused has no value");
     return;
   }
-  typed.text = FormatTenths(outcome->value, typed.separators);
+  const std::string shown = FormatTenths(outcome->value, typed.separators);
+  typed.text.assign(shown.begin(), shown.end());
   Require(Parsed(typed) == outcome, "tenths that are shown and typed again are the same");
 }
 

@@ -15,7 +15,7 @@ Outcome Parsed(const Typed& typed) {
 Outcome Expected(const Typed& typed) {
   if (typed.text.empty()) return kRefused;
   if (!Passes(typed.text, typed.separators)) return kNotNumeric;
-  const bool whole = typed.text.find_first_not_of("0123456789") == std::string::npos;
+  const bool whole = typed.text.find_first_not_of(u"0123456789") == std::u16string::npos;
   return whole ? Scaled(typed.text, 0) : kRefused;
 }
 
@@ -26,7 +26,8 @@ void Run(Typed typed) {
     Require(!outcome || outcome->value == 0, "what is refused has no value");
     return;
   }
-  typed.text = std::to_string(outcome->value);
+  const std::string shown = std::to_string(outcome->value);
+  typed.text.assign(shown.begin(), shown.end());
   Require(Parsed(typed) == outcome, "a number that is shown and typed again is the same");
 }
 

@@ -28,18 +28,7 @@
 #include "shell/western_text.h"
 #include "version.h"
 
-namespace {
-
 using namespace sorvane;
-
-Separators SystemSeparators() {
-  const QLocale locale = QLocale::system();
-  const std::string decimal = ToWestern(locale.decimalPoint());
-  const std::string group = ToWestern(locale.groupSeparator());
-  return {decimal.empty() ? '.' : decimal.front(), group.empty() ? ',' : group.front()};
-}
-
-}  // namespace
 
 int main(int argc, char** argv) {
   QApplication app(argc, argv);
@@ -82,7 +71,7 @@ int main(int argc, char** argv) {
                    .access = access,
                    .lamps = lamps,
                    .link = link,
-                   .separators = SystemSeparators(),
+                   .separators = SeparatorsOf(QLocale::system()),
                    .locale = QLocale::system(),
                    .make_timer = MakeQtTimers(gate),
                    .now = [] { return QDateTime::currentDateTime(); },

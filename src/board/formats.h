@@ -5,10 +5,12 @@
 
 namespace sorvane {
 
-// The marks by which the system's locale writes numbers, in the western single-byte set.
+// The marks by which the system's locale writes numbers. What is typed is read as characters, since
+// the western single-byte set lacks the marks of some locales; what is shown is of that set.
 struct Separators {
-  char decimal = '.';
-  char group = ',';
+  char decimal = '.';  // that amounts show
+  char16_t group = u',';
+  char16_t typed_decimal = u'.';  // the locale's own; "," and "." are taken everywhere
 };
 
 // value with exactly the given number of decimals (0 to 4), at least one digit before the

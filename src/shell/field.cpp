@@ -89,7 +89,7 @@ QString Field::TextOf(double raw) const {
 }
 
 Entry Field::Parse() const {
-  const std::string text = ToWestern(box_->text());
+  const std::u16string text = box_->text().toStdU16String();
   const Separators& separators = page_.Services().separators;
   switch (row_.form) {
     case ValueForm::kMoney:

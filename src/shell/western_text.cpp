@@ -31,7 +31,7 @@ constexpr std::array<char16_t, 256> kCharacters = MakeCharacters();
 
 char16_t ToCharacter(char byte) { return kCharacters[static_cast<unsigned char>(byte)]; }
 
-std::optional<char> ToByteOfSet(char32_t character) {
+std::optional<char> ToByteOfSet(char16_t character) {
   if (character < kFirstOwn) return static_cast<char>(character);
   const auto found = std::find(kCharacters.begin(), kCharacters.end(), character);
   if (found == kCharacters.end()) return std::nullopt;
@@ -48,12 +48,12 @@ std::u16string ToCharacters(std::string_view text) {
 
 QString FromWestern(std::string_view text) { return QString::fromStdU16String(ToCharacters(text)); }
 
-std::string ToWestern(const QString& text) {
-  std::string bytes;
-  for (const char32_t character : text.toStdU32String()) {
-    bytes += ToByteOfSet(character).value_or('?');
-  }
-  return bytes;
+Separators SeparatorsOf(const QLocale& locale) {
+  const auto first = [](const QString& mark, char16_t none) {
+    return mark.isEmpty() ? none : mark.front().unicode();
+  };
+  const char16_t decimal = first(locale.decimalPoint(), u'.');
+  return {ToByteOfSet(decimal).value_or('.'), first(locale.groupSeparator(), u','), decimal};
 }
 
 QString EscapeAmpersands(const QString& text) { return QString(text).replace('&', "&&"); }

@@ -1,10 +1,13 @@
 #pragma once
 
+#include <QLocale>
 #include <QString>
 #include <filesystem>
 #include <optional>
 #include <string>
 #include <string_view>
+
+#include "board/formats.h"
 
 namespace sorvane {
 
@@ -12,8 +15,8 @@ namespace sorvane {
 // Bytes without a character of their own stand for the control characters of the same number.
 QString FromWestern(std::string_view text);
 
-// "?" stands for each character that the set doesn't have.
-std::string ToWestern(const QString& text);
+// The marks of a locale. Amounts show a point where the set doesn't have the decimal mark.
+Separators SeparatorsOf(const QLocale& locale);
 
 // text for a menu entry, a frame's title or the label of a control, where a single ampersand would
 // mark an access key.

@@ -4,6 +4,7 @@
 
 #include "shell/plain_errors.h"
 #include "shell/text_entry.h"
+#include "shell/western_text.h"
 
 namespace sorvane {
 
@@ -17,23 +18,27 @@ using test::ErrorOf;
 
 constexpr Separators kEnglish{'.', ','};
 constexpr Separators kItalian{',', '.'};
-constexpr Separators kFrench{',', '\xA0'};
-constexpr Separators kSwiss{'.', '\x92'};
+constexpr Separators kFrench{',', u'\u00A0'};
+constexpr Separators kSwiss{'.', u'\u2019'};
 
 constexpr Entry kRefused{Entry::Kind::kRefused, 0};
 constexpr Entry kNotNumeric{Entry::Kind::kNotNumeric, 0};
 Entry Value(int32_t value) { return {Entry::Kind::kValue, value}; }
 
+// The characters of a text of the western set.
+std::u16string Typed(std::string_view western) { return FromWestern(western).toStdU16String(); }
+
 Entry Amount(std::string_view text, int16_t decimals = 2) {
-  return ParseFieldValue(text, decimals, kItalian);
+  return ParseFieldValue(Typed(text), decimals, kItalian);
 }
-Entry Whole(std::string_view text) { return ParseWholeValue(text, kItalian); }
+Entry Whole(std::string_view text) { return ParseWholeValue(Typed(text), kItalian); }
 
 void ExpectNumeric(std::initializer_list<std::string_view> texts, const Separators& separators) {
-  for (const std::string_view text : texts) EXPECT_TRUE(IsNumeric(text, separators)) << text;
+  for (const std::string_view text : texts) EXPECT_TRUE(IsNumeric(Typed(text), separators)) << text;
 }
 void ExpectNoNumber(std::initializer_list<std::string_view> texts, const Separators& separators) {
-  for (const std::string_view text : texts) EXPECT_FALSE(IsNumeric(text, separators)) << text;
+  for (const std::string_view text : texts)
+    EXPECT_FALSE(IsNumeric(Typed(text), separators)) << text;
 }
 
 TEST(IsNumeric, DigitsPass) { ExpectNumeric({"0", "5", "007", "99999999999"}, kItalian); }
@@ -163,8 +168,8 @@ TEST(ParseFieldValue, AmountsAreScaledByTheDecimals) {
 
 TEST(ParseFieldValue, BothSeparatorsAreTakenInEveryLocale) {
   for (const Separators& separators : {kEnglish, kItalian, kFrench, kSwiss}) {
-    EXPECT_EQ(ParseFieldValue("12.5", 2, separators), Value(1250));
-    EXPECT_EQ(ParseFieldValue("12,5", 2, separators), Value(1250));
+    EXPECT_EQ(ParseFieldValue(u"12.5", 2, separators), Value(1250));
+    EXPECT_EQ(ParseFieldValue(u"12,5", 2, separators), Value(1250));
   }
 }
 
@@ -182,11 +187,11 @@ TEST(ParseFieldValue, AMarkAmongTheDecimalsIsRefused) {
   EXPECT_EQ(Amount("12,3-"), kRefused);
   EXPECT_EQ(Amount("12,e5"), kRefused);
   EXPECT_EQ(Amount("12,3e5"), kRefused);
-  EXPECT_EQ(ParseFieldValue("1,234.5", 4, kEnglish), kRefused);
+  EXPECT_EQ(ParseFieldValue(u"1,234.5", 4, kEnglish), kRefused);
 }
 
 TEST(ParseFieldValue, AGroupMarkCountsAsTheSeparator) {
-  EXPECT_EQ(ParseFieldValue("1,234.5", 2, kEnglish), Value(123));
+  EXPECT_EQ(ParseFieldValue(u"1,234.5", 2, kEnglish), Value(123));
 }
 
 TEST(ParseFieldValue, ABareFractionIsTaken) { EXPECT_EQ(Amount(",5"), Value(50)); }
@@ -263,7 +268,7 @@ TEST(ParseWholeValue, SeparatorsSignsAndBlanksAreRefusedWithoutAWord) {
 }
 
 Entry Price(std::string_view text, const Separators& separators, int16_t decimals = 2) {
-  return ParsePriceValue(text, decimals, separators);
+  return ParsePriceValue(Typed(text), decimals, separators);
 }
 
 TEST(ParsePriceValue, TwoWithTheSeparatorOfTheLocaleIsRefused) {
@@ -310,7 +315,7 @@ TEST(ParsePriceValue, TwoIsRefusedEvenWhereItsProductWouldOverflow) {
   EXPECT_EQ(Price("2,0", kItalian, 255), kRefused);
 }
 
-Entry Tenths(std::string_view text) { return ParseTenthsValue(text, kItalian); }
+Entry Tenths(std::string_view text) { return ParseTenthsValue(Typed(text), kItalian); }
 
 TEST(ParseTenthsValue, ExactlyOneDigitCountsBehindTheSeparator) {
   EXPECT_EQ(Tenths("12"), Value(120));

@@ -13,7 +13,6 @@
 #include "shell/controls/entry_box.h"
 #include "shell/controls/toggle.h"
 #include "shell/page_sizes.h"
-#include "shell/western_text.h"
 
 namespace sorvane {
 namespace {
@@ -117,7 +116,7 @@ void FrmPassword::OnSwitch() {
 
 void FrmPassword::OnEnter(int digit) {
   EntryBox& box = *digits_.at(static_cast<std::size_t>(digit));
-  const Entry entry = ParseWholeValue(ToWestern(box.text()), Services().separators);
+  const Entry entry = ParseWholeValue(box.text().toStdU16String(), Services().separators);
   if (entry.kind != Entry::Kind::kValue) {
     Refuse(box, entry.kind);
     return;
@@ -147,7 +146,7 @@ void FrmPassword::GoOnConfirming() {
 void FrmPassword::WriteDigit(int digit) {
   EntryBox& box = *digits_.at(static_cast<std::size_t>(digit));
   // The field is read now: a reply or the user may have changed it meanwhile.
-  const Entry entry = ParseWholeValue(ToWestern(box.text()), Services().separators);
+  const Entry entry = ParseWholeValue(box.text().toStdU16String(), Services().separators);
   if (entry.kind != Entry::Kind::kValue) throw RuntimeError(ErrorCode::kTypeMismatch);
   WriteParameterPair(parameter::kPasswordDigits + digit, parameter::kPasswordDigitsMirror + digit,
                      ToInt16(entry.value));

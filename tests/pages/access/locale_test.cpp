@@ -12,7 +12,7 @@
 namespace sorvane::test {
 namespace {
 
-constexpr char kCurvedApostrophe = '\x92';
+constexpr char16_t kCurvedApostrophe = u'\u2019';
 
 struct Desktop {
   const char* name;
