@@ -58,13 +58,13 @@ class OutFile {
 // Whether the last error says that this can't be done here, rather than that it went wrong.
 bool IsRefused() { return errno == EACCES || errno == EPERM || errno == EROFS || errno == EBUSY; }
 
-bool WriteAndMove(const std::filesystem::path& beside, const std::filesystem::path& target,
-                  const struct stat* old, std::string_view text) {
-  const OutFile out(beside, O_CREAT | O_EXCL, old != nullptr ? 0600 : 0666);
+// Writes a new file, with the owner and the rights of an old one, if any.
+bool WriteAnew(const std::filesystem::path& file, const struct stat* old, std::string_view text) {
+  const OutFile out(file, O_CREAT | O_EXCL, old != nullptr ? 0600 : 0666);
   if (out.Number() < 0) return false;
   const bool alike = old == nullptr || (fchown(out.Number(), old->st_uid, old->st_gid) == 0 &&
                                         fchmod(out.Number(), old->st_mode & 07777) == 0);
-  return alike && out.Write(text) && std::rename(beside.c_str(), target.c_str()) == 0;
+  return alike && out.Write(text);
 }
 
 // Puts a new file in the place of target; old is what stands there, if anything. Returns false
@@ -73,7 +73,7 @@ bool Replace(const std::filesystem::path& target, const struct stat* old, std::s
   const std::filesystem::path beside =
       target.parent_path() / (".saving-" + std::to_string(getpid()));
   unlink(beside.c_str());  // of a program that was killed over it
-  if (WriteAndMove(beside, target, old, text)) return true;
+  if (WriteAnew(beside, old, text) && std::rename(beside.c_str(), target.c_str()) == 0) return true;
   const bool refused = IsRefused();
   unlink(beside.c_str());
   if (!refused) Fail();

@@ -48,14 +48,14 @@ class Scene(unittest.TestCase):
         self.board = Board(self.folder, self.desk.environment, *arguments)
         self.addCleanup(self.board.close)
 
-    def launch(self):
-        """Starts the program and waits for nothing."""
-        self.program = Program(self.desk, self.folder)
+    def launch(self, **options):
+        """Starts the program, with options as Program has them, and waits for nothing."""
+        self.program = Program(self.desk, self.folder, **options)
         self.addCleanup(self.check_and_end, self.program)
 
-    def start(self):
+    def start(self, **options):
         """Starts the program and waits until it is idle."""
-        self.launch()
+        self.launch(**options)
         self.program.wait_ready()
 
     def connect(self):

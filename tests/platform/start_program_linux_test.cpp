@@ -45,6 +45,15 @@ TEST_F(StartProgramTest, AProgramIsStarted) {
   EXPECT_EQ(Said(), "hello\n");
 }
 
+TEST_F(StartProgramTest, AProgramWhosePathIsNoTextIsStarted) {
+  WriteProgram("echo hello");
+  const std::filesystem::path odd = folder_.Path() / "caf\xE9";
+  std::filesystem::create_directory(odd);
+  std::filesystem::rename(Program(), odd / "PROGRAM.EXE");
+  EXPECT_TRUE(StartProgram(odd / "PROGRAM.EXE"));
+  EXPECT_EQ(Said(), "hello\n");
+}
+
 TEST_F(StartProgramTest, AMissingProgramIsSilent) {
   testing::internal::CaptureStderr();
   EXPECT_FALSE(StartProgram(Program()));

@@ -28,8 +28,8 @@ class Board(offspring.Running):
     def __init__(self, folder, environment, *arguments):
         super().__init__(offspring.start(
             [str(folder / "SorvaneBoard"), *arguments], env=environment, text=True,
-            encoding="utf-8", stdin=subprocess.PIPE, stdout=subprocess.PIPE,
-            stderr=subprocess.STDOUT))
+            encoding="utf-8", errors="surrogateescape", stdin=subprocess.PIPE,
+            stdout=subprocess.PIPE, stderr=subprocess.STDOUT))
         first = self._process.stdout.readline().rstrip("\n")
         if not first.startswith("line "):
             raise RuntimeError(f"the board doesn't start: {first}")

@@ -22,14 +22,15 @@ class Box:
 
 
 class Program(offspring.Running):
-    """Sorvane, started from its folder on a desk."""
+    """Sorvane, started from its folder on a desk: the file of this name, and with these variables
+    beside those of the desk."""
 
-    def __init__(self, desk, folder):
+    def __init__(self, desk, folder, file="Sorvane", variables=()):
         self._desk = desk
         self.complaints = folder.parent / f"{folder.name}.stderr"
         with open(self.complaints, "ab") as complaints:
             super().__init__(offspring.start(
-                [str(folder / "Sorvane")], env=desk.environment, cwd="/",
+                [str(folder / file)], env=desk.environment | dict(variables), cwd="/",
                 stdin=subprocess.DEVNULL, stdout=complaints, stderr=complaints))
 
     # The windows.
