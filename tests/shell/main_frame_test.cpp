@@ -112,6 +112,7 @@ TEST(StartUp, SettingsThatCannotBeSavedEndTheProgramWithTheReport) {
   EXPECT_EQ(program.reports,
             std::vector<std::string>{"Run-time error '75':\n\nPath/File access error"});
   EXPECT_FALSE(program.frame->isVisible());
+  EXPECT_EQ(program.File("Sorvane.ini"), "Com=1\r\nLingua=Alfa\r\n");
 }
 
 TEST(Menu, CaptionsComeFromTheMessages) {

@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "shell/program.h"
+#include "support/scarce_memory.h"
 
 // Files of the program folder that can't be read or written, or have a folder in their place.
 namespace sorvane::test {
@@ -11,6 +12,7 @@ namespace {
 
 constexpr const char* kAccessError = "Run-time error '75':\n\nPath/File access error";
 constexpr const char* kNotFound = "Run-time error '53':\n\nFile not found";
+constexpr const char* kOverflow = "Run-time error '6':\n\nOverflow";
 constexpr const char* kSubscript = "Run-time error '9':\n\nSubscript out of range";
 
 // A folder where the program looks for a file.
@@ -122,6 +124,18 @@ TEST(LanguageFile, ThatIsTooLongEndsTheStartWithTheReport) {
   ExpectReport(program, kSubscript);
 }
 
+TEST(LanguageFile, OfALineWithoutEndEndsTheStartWithTheReport) {
+  Program program;
+  program.WriteText("Alfa.lng", "one\r\n");
+  std::filesystem::resize_file(program.link.folder.Path() / "Alfa.lng", std::size_t{64} << 20);
+  {
+    const ScarceMemory memory(std::size_t{1} << 20);
+    program.Start();
+  }
+  EXPECT_FALSE(program.frame->isVisible());
+  ExpectReport(program, kOverflow);
+}
+
 TEST(LanguageFile, ThatIsEmptyLeavesTheCaptionsEmpty) {
   Program program;
   program.WriteText("Alfa.lng", "");
@@ -148,6 +162,43 @@ TEST(IndexFile, OfTheSecondLevelThatIsAFolderCountsAsMissing) {
   program.link.dialogs.Expect("W0309AA00.inx not found !", "ERROR", 16);
   program.link.dialogs.Answer(Answer::kOk);
   EXPECT_EQ(program.exits, std::vector<int>{0});
+}
+
+TEST(IndexFile, ThatMemoryDoesntHoldCountsAsMissing) {
+  Program program;
+  const Bytes longest(32767 * 9, 0);
+  program.link.folder.WriteFile("W0309AA00.inx", longest);
+  {
+    const ScarceMemory memory(longest.size() - 1);
+    program.Start();
+  }
+  program.link.dialogs.Expect("W0309AA00.inx not found !", "ERROR", 16);
+  EXPECT_TRUE(program.reports.empty());
+  program.link.dialogs.Answer(Answer::kOk);
+  EXPECT_EQ(program.exits, std::vector<int>{0});
+}
+
+TEST(IndexFile, ThatHasNoEndCountsAsMissing) {
+  Program program;
+  std::filesystem::resize_file(program.link.folder.Path() / "W0309AA00.inx", std::size_t{64} << 20);
+  {
+    const ScarceMemory memory(std::size_t{1} << 20);
+    program.Start();
+  }
+  program.link.dialogs.Expect("W0309AA00.inx not found !", "ERROR", 16);
+  EXPECT_TRUE(program.reports.empty());
+}
+
+TEST(IndexFile, OfAConnectionThatIsShorterLeavesNothingOfTheDefaultOne) {
+  Program program;
+  program.Start();
+  ASSERT_NE(program.link.Record(400), ParameterRecord());
+  program.link.folder.WriteFile("W0309AA07.inx", SecondLevelBytes(PlainRows(300)));
+  program.link.SetSystem(17, 7);
+  program.Connect();
+  EXPECT_EQ(program.link.tables.RecordCount(0), 300);
+  EXPECT_NE(program.link.Record(300), ParameterRecord());
+  for (const int k : {301, 400, 419}) EXPECT_EQ(program.link.Record(k), ParameterRecord()) << k;
 }
 
 TEST(IndexFile, ThatHasGoneSinceTheStartEndsTheConnectionAndTheProgram) {

@@ -19,8 +19,8 @@ class OpenWatch {
   int watch_;
 };
 
-// A pipe with a name in the place of a file. Whoever opens it isn't kept waiting, so that a test
-// comes to its end in either case.
+// A pipe with a name in the place of a file. Its other end is there, so that opening it alone keeps
+// nobody waiting.
 class WatchedPipe {
  public:
   explicit WatchedPipe(const std::filesystem::path& file);

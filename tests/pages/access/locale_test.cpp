@@ -7,6 +7,7 @@
 
 #include "board/parameter.h"
 #include "pages/access/shipped_program.h"
+#include "shell/western_text.h"
 
 // The same work in desktops of different habits: what is typed, what is shown, what the board gets.
 namespace sorvane::test {
@@ -126,6 +127,50 @@ TEST_P(Locale, ShowsTheDatesOfTheAlarmsAsItWritesThem) {
 
 INSTANTIATE_TEST_SUITE_P(OnEachDesktop, Locale, testing::ValuesIn(kDesktops),
                          [](const auto& row) { return row.param.name; });
+
+// Locales whose marks the western set lacks, as they come from the system.
+class OtherMarks : public testing::TestWithParam<QLocale> {
+ protected:
+  static Program::Setup Here() {
+    Program::Setup setup;
+    setup.separators = SeparatorsOf(GetParam());
+    return setup;
+  }
+
+  ShippedProgram program{"Italiano", Here()};
+};
+
+TEST_P(OtherMarks, AreNotTakenForCharactersThatNoNumberHas) {
+  OpenPrices(program);
+  for (const char* typed : {"?", "5?", "\u03C0", "abc"}) {
+    EXPECT_EQ(PriceAfter(program, QString::fromUtf8(typed)), 1250) << typed;
+    program.link.dialogs.Expect("Please Insert Only Number ", "Error", 16);
+    program.link.dialogs.Answer(Answer::kOk);
+  }
+}
+
+TEST_P(OtherMarks, OfThousandsAreTurnedAwayInSilence) {
+  OpenPrices(program);
+  EXPECT_EQ(PriceAfter(program, "1" + GetParam().groupSeparator() + "250"), 1250);
+  EXPECT_TRUE(program.link.dialogs.Shown().empty());
+}
+
+TEST_P(OtherMarks, LetWhatIsShownBeTypedAgain) {
+  OpenPrices(program);
+  const QString shown = program.Text("FrmPrezzi", "Text1(0)");
+  EXPECT_EQ(shown, GetParam().decimalPoint() == "," ? "12,50" : "12.50");
+  EXPECT_EQ(PriceAfter(program, "1"), 100);
+  EXPECT_EQ(PriceAfter(program, shown), 1250);
+  EXPECT_TRUE(program.link.dialogs.Shown().empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(OnDesktops, OtherMarks,
+                         testing::Values(QLocale(QLocale::French, QLocale::France),
+                                         QLocale(QLocale::Arabic, QLocale::Egypt),
+                                         QLocale(QLocale::Persian, QLocale::Iran)),
+                         [](const auto& locale) {
+                           return QLocale::languageToString(locale.param.language()).toStdString();
+                         });
 
 // What becomes of an amount that is typed with a mark for the thousands, over 12.50.
 struct Grouped {
