@@ -225,6 +225,7 @@ void LineWatch::Stands(const std::vector<ParameterRecord>& records) {
   ++stood_;
   stage_ = Stage::kStanding;
   in_flight_ = false;
+  shadow_.assign(shadow_.size(), ParameterRecord());  // a shorter file leaves nothing of the last
   std::copy(records.begin(), records.end(), shadow_.begin() + 1);
   CheckTable(255);
 }

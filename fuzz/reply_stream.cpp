@@ -197,7 +197,7 @@ class Session {
       AnswerBox(true);
     } else if (!ser_.IsLoaded()) {
       Load();
-    } else if (line_.InFlight() && line_.PortOpen()) {
+    } else if (line_.InFlight() && line_.PortOpen() && !line_.Vanished()) {
       Deliver(RightAnswer());
       if (!ended_) Pass(0);
     } else {
