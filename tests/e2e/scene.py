@@ -145,10 +145,14 @@ class Scene(unittest.TestCase):
         self.assertLessEqual(seconds, END_WITHIN)
 
     def sibling_starts(self):
-        """How often the sibling has been started, once all that were started have ended."""
+        """How often the sibling has been started, once all that were started have ended.
+
+        What is just being started has no command line yet.
+        """
         own = str(self.parent / "ARDENZA.EXE")
         wait_for("end of the sibling",
-                 lambda: not any(own in line for line in offspring.descendants().values()))
+                 lambda: not any(own in line or not line
+                                 for line in offspring.descendants().values()))
         log = pathlib.Path(self.parent / "sibling.log")
         return log.read_text(encoding="ascii").count("started") if log.exists() else 0
 

@@ -99,7 +99,7 @@ def descendants():
             continue
         try:
             state, parent = (entry / "stat").read_text().rsplit(")", 1)[1].split()[:2]
-            line = (entry / "cmdline").read_bytes().replace(b"\0", b" ").decode(errors="replace")
+            line = os.fsdecode((entry / "cmdline").read_bytes().replace(b"\0", b" "))
         except OSError:  # it has ended meanwhile
             continue
         if state != "Z":
