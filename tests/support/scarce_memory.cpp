@@ -10,8 +10,12 @@ namespace {
 constexpr std::size_t kPlenty = std::numeric_limits<std::size_t>::max();
 std::size_t most_bytes = kPlenty;
 
+void* AllocateOrNot(std::size_t bytes) {
+  return bytes > most_bytes ? nullptr : std::malloc(bytes == 0 ? 1 : bytes);
+}
+
 void* Allocate(std::size_t bytes) {
-  void* memory = bytes > most_bytes ? nullptr : std::malloc(bytes == 0 ? 1 : bytes);
+  void* memory = AllocateOrNot(bytes);
   if (memory == nullptr) throw std::bad_alloc();
   return memory;
 }
@@ -23,9 +27,15 @@ ScarceMemory::~ScarceMemory() { most_bytes = kPlenty; }
 
 }  // namespace sorvane::test
 
-// All of them: sanitizers bring forms of their own of those that are left out.
+// All that belong together: sanitizers bring forms of their own of those that are left out.
 void* operator new(std::size_t bytes) { return sorvane::test::Allocate(bytes); }
 void* operator new[](std::size_t bytes) { return sorvane::test::Allocate(bytes); }
+void* operator new(std::size_t bytes, const std::nothrow_t&) noexcept {
+  return sorvane::test::AllocateOrNot(bytes);
+}
+void* operator new[](std::size_t bytes, const std::nothrow_t&) noexcept {
+  return sorvane::test::AllocateOrNot(bytes);
+}
 void operator delete(void* memory) noexcept { std::free(memory); }
 void operator delete[](void* memory) noexcept { std::free(memory); }
 void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
