@@ -12,7 +12,12 @@ struct Reply;
 // is loaded and unloaded exactly once, and a form that is opened again is a new one.
 class ChildForm : public QWidget {
  public:
-  explicit ChildForm(const QString& form_name) { setObjectName(form_name); }
+  explicit ChildForm(const QString& form_name) {
+    setObjectName(form_name);
+    // A ground of its own: what is painted on the form doesn't bring the window's title bar with
+    // it.
+    setAutoFillBackground(true);
+  }
 
   virtual void Load() = 0;
   virtual void Activate() {}    // it has come to the front

@@ -6,6 +6,7 @@
 #include <QPainter>
 
 #include "board/reply.h"
+#include "shell/controls/value_label.h"
 #include "shell/page_sizes.h"
 #include "shell/western_text.h"
 
@@ -16,28 +17,24 @@ constexpr int kCells = 3;  // caption, value and the gap before the next caption
 constexpr const char* kWidest = "  4294967.295  ";  // what a box has room for
 
 // The bordered box of a value. It can be reached and copied by keys, and shows that it has them.
-class ValueBox : public QLabel {
+class ValueBox : public ValueLabel {
  public:
-  explicit ValueBox(QWidget* parent) : QLabel(parent) {
-    setTextFormat(Qt::PlainText);
+  explicit ValueBox(QWidget* parent) : ValueLabel(kWidest, parent) {
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     setFocusPolicy(Qt::StrongFocus);
     setFrameStyle(QFrame::Panel | QFrame::Sunken);
     setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     setBackgroundRole(QPalette::Base);
     setAutoFillBackground(true);
-  }
-
-  // The same whatever stands in it, so that nothing moves when a value comes.
-  QSize minimumSizeHint() const override { return sizeHint(); }
-  QSize sizeHint() const override {
-    const QSize room(fontMetrics().horizontalAdvance(kWidest), fontMetrics().lineSpacing());
-    return room + 2 * QSize(frameWidth(), frameWidth());
+    FixSize();
   }
 
  protected:
   void paintEvent(QPaintEvent* event) override {
-    QLabel::paintEvent(event);
+    // A text that can be selected is laid out in its first painting, which asks for a second one.
+    setAttribute(Qt::WA_UpdatesDisabled);
+    ValueLabel::paintEvent(event);
+    setAttribute(Qt::WA_UpdatesDisabled, false);
     if (!hasFocus()) return;
     QPainter painter(this);
     painter.setPen(palette().color(QPalette::Highlight));

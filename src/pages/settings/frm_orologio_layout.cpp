@@ -11,6 +11,7 @@
 #include "shell/controls/clock_face.h"
 #include "shell/controls/slider.h"
 #include "shell/controls/tab_pages.h"
+#include "shell/controls/value_label.h"
 #include "shell/guarded_connect.h"
 #include "shell/page_sizes.h"
 #include "shell/western_text.h"
@@ -71,7 +72,8 @@ void FrmOrologio::AddClockTab() {
                           .bar_characters = page_size::kBar});
   face_ = new ClockFace(tab);
   face_->setObjectName("iSevenSegmentClockX1");
-  date_ = AddLabel("Label0", tab);
+  date_ = new ValueLabel("00/00/0000", tab);
+  date_->setObjectName("Label0");
   date_->setAlignment(Qt::AlignCenter);
   copy_ = new QPushButton("Copy PC Time", tab);
   copy_->setObjectName("Command1");
@@ -80,7 +82,7 @@ void FrmOrologio::AddClockTab() {
   auto* display = new QVBoxLayout;
   display->addStretch();
   display->addWidget(face_, 0, Qt::AlignHCenter);
-  display->addWidget(date_);
+  display->addWidget(date_, 0, Qt::AlignHCenter);
   display->addStretch();
   display->addWidget(copy_);
   auto* layout = new QHBoxLayout(tab);
