@@ -75,6 +75,19 @@ TEST_F(QtTimers, OfNoIntervalFireBehindTheCaller) {
   EXPECT_TRUE(QTest::qWaitFor([&] { return fired; }));
 }
 
+TEST_F(QtTimers, MayBeDestroyedByTheirHandler) {
+  const std::string words = "what the handler holds outlives its timer";
+  std::string after;
+  std::unique_ptr<Timer> timer;
+  timer = make(milliseconds(0), [&, words] {
+    timer.reset();
+    after = words;
+  });
+  timer->Enable();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !timer; }));
+  EXPECT_EQ(after, "what the handler holds outlives its timer");
+}
+
 TEST_F(QtTimers, BringTheirErrorsToTheGate) {
   const auto timer = make(milliseconds(0), [] { throw RuntimeError(ErrorCode::kOverflow); });
   timer->Enable();
