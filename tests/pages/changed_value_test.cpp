@@ -18,7 +18,6 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::Not;
 
-constexpr int kParameters = 419;
 constexpr int kPageful = 170;  // steps of the sweep in which the largest page is read
 constexpr int kDay = 56;
 

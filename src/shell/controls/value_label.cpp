@@ -12,7 +12,7 @@ ValueLabel::ValueLabel(QString widest, QWidget* parent)
   FixSize();
 }
 
-QSize ValueLabel::sizeHint() const {
+QSize ValueLabel::Room() const {
   return fontMetrics().size(Qt::TextSingleLine, widest_) + 2 * QSize(frameWidth(), frameWidth());
 }
 

@@ -13,16 +13,18 @@ class ValueLabel : public QLabel {
   // A longer text than widest is cut off.
   ValueLabel(QString widest, QWidget* parent);
 
-  QSize minimumSizeHint() const override { return sizeHint(); }
-  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override { return Room(); }
+  QSize sizeHint() const override { return Room(); }
 
  protected:
   void changeEvent(QEvent* event) override;
 
   // To be called when the frame around it has changed.
-  void FixSize() { setFixedSize(sizeHint()); }
+  void FixSize() { setFixedSize(Room()); }
 
  private:
+  QSize Room() const;
+
   const QString widest_;
 };
 
