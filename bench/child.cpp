@@ -5,6 +5,7 @@
 #include <spawn.h>
 #include <sys/wait.h>
 
+#include <algorithm>
 #include <fstream>
 #include <stdexcept>
 
@@ -49,14 +50,20 @@ void Child::Finish() {
   }
 }
 
-double Child::PeakMemory() const {
-  std::ifstream status("/proc/" + std::to_string(pid_) + "/status");
+double Child::Sum(const char* file, const std::vector<std::string>& names) const {
+  std::ifstream lines("/proc/" + std::to_string(pid_) + "/" + file);
   std::string word;
-  while (status >> word) {
+  std::size_t found = 0;
+  double sum = 0;
+  while (lines >> word) {
     double kilobytes = 0;
-    if (word == "VmHWM:" && status >> kilobytes) return kilobytes / 1024;
+    const bool wanted = std::find(names.begin(), names.end(), word) != names.end();
+    if (!wanted || !(lines >> kilobytes)) continue;
+    ++found;
+    sum += kilobytes / 1024;
   }
-  throw std::runtime_error("the memory of " + name_ + " can't be read");
+  if (found != names.size()) throw std::runtime_error("the memory of " + name_ + " can't be read");
+  return sum;
 }
 
 }  // namespace sorvane::bench

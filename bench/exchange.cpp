@@ -1,5 +1,3 @@
-#include <modbus/modbus.h>
-
 #include <QEventLoop>
 #include <cstdint>
 #include <memory>
@@ -7,6 +5,7 @@
 
 #include "bench/clocks.h"
 #include "bench/measures.h"
+#include "bench/modbus.h"
 #include "bench/partner.h"
 #include "bench/program_folder.h"
 #include "board/board_tables.h"
@@ -24,10 +23,9 @@ constexpr double kAim = 1.0;
 constexpr int kRepeats = 61;
 constexpr int kExchanges = 400;  // of a sample
 
-// Both sides read this value, two bytes.
+// What is read, two bytes.
 constexpr uint8_t kLow = 0x2a;
 constexpr uint8_t kHigh = 0x17;
-constexpr int kValue = 256 * kHigh + kLow;
 
 double PerExchange(double from) { return (ThreadTime() - from) / kExchanges * 1e6; }
 
@@ -87,57 +85,11 @@ class Ours {
   int good_ = 0;
 };
 
-uint16_t ModbusSum(const Bytes& bytes) {
-  unsigned sum = 0xffff;
-  for (const uint8_t byte : bytes) {
-    sum ^= byte;
-    for (int bit = 0; bit < 8; ++bit) sum = (sum & 1) != 0 ? (sum >> 1) ^ 0xa001 : sum >> 1;
-  }
-  return static_cast<uint16_t>(sum);
+double Theirs(Modbus& modbus) {
+  const double from = ThreadTime();
+  for (int i = 0; i < kExchanges; ++i) modbus.ReadRegister();
+  return PerExchange(from);
 }
-
-// The answer of a slave to the reading of one holding register.
-Bytes RegisterReply() {
-  Bytes reply = {1, 3, 2, kHigh, kLow};
-  const uint16_t sum = ModbusSum(reply);
-  reply.push_back(static_cast<uint8_t>(sum & 255));
-  reply.push_back(static_cast<uint8_t>(sum >> 8));
-  return reply;
-}
-
-class Modbus {
- public:
-  Modbus() {
-    if (!context_ || modbus_set_slave(context_.get(), 1) != 0 ||
-        modbus_connect(context_.get()) != 0) {
-      throw std::runtime_error("libmodbus doesn't connect");
-    }
-  }
-  ~Modbus() { modbus_close(context_.get()); }
-  Modbus(const Modbus&) = delete;
-  Modbus& operator=(const Modbus&) = delete;
-
-  double Run() {
-    int good = 0;
-    const double from = ThreadTime();
-    for (int i = 0; i < kExchanges; ++i) {
-      uint16_t value = 0;
-      if (modbus_read_registers(context_.get(), 0, 1, &value) == 1 && value == kValue) ++good;
-    }
-    const double each = PerExchange(from);
-    if (good != kExchanges) throw std::runtime_error("an exchange of libmodbus failed");
-    return each;
-  }
-
- private:
-  struct Free {
-    void operator()(modbus_t* context) const { modbus_free(context); }
-  };
-
-  Partner slave_{8, [reply = RegisterReply()](const Bytes&) { return reply; }};
-  std::unique_ptr<modbus_t, Free> context_{
-      modbus_new_rtu(slave_.Device().c_str(), 19200, 'N', 8, 1)};
-};
 
 }  // namespace
 
@@ -145,7 +97,7 @@ std::vector<Result> MeasureExchange() {
   Ours ours;
   Modbus modbus;
   const auto samples = Interleave(
-      kRepeats, [&] { return ours.Run(); }, [&] { return modbus.Run(); });
+      kRepeats, [&] { return ours.Run(); }, [&] { return Theirs(modbus); });
   return {{"exchange", "one register by libmodbus", kAim, "us", samples}};
 }
 

@@ -9,15 +9,19 @@ namespace sorvane::bench {
 // Each measure runs both sides itself, and throws if a side didn't do its work.
 
 // One pass of the sweep over a table of idle records, against a plain loop that reads their flag
-// bytes. Processor time.
+// bytes; pass after pass, and with the table out of the processor's caches. Processor time.
 std::vector<Result> MeasureSweep();
 
 // One exchange by engine and serial port over a pseudo-terminal, without the tick, against one
 // register read by libmodbus over another. Processor time of the side that asks.
 std::vector<Result> MeasureExchange();
 
-// The notice of one reply to all thirteen pages, and what is painted for it, against the tick.
-// Processor time.
+// One exchange of the connection in use, one with each tick of 40 ms, against one register read by
+// libmodbus every 40 ms. Processor time of the side that asks.
+std::vector<Result> MeasurePaced();
+
+// The notice of a changed value to all thirteen pages, with one page of each kind in front in turn,
+// and what is painted for it, against the tick. Processor time.
 std::vector<Result> MeasureNotice();
 
 // From the choice of the alarm page until it has all replies, against 40 ms an exchange. Wall time.
@@ -27,8 +31,8 @@ std::vector<Result> MeasureAlarms();
 // that its bytes take on the wire. Wall time.
 std::vector<Result> MeasureConnecting();
 
-// Wall time until a window is painted and answers, and peak memory then, each against a bare window
-// of Qt with menu bar, status bar and MDI area.
+// Wall time until a window is painted and answers, the most memory until then and the memory of the
+// program's own then, each against a bare window of Qt with menu bar, status bar and MDI area.
 std::vector<Result> MeasureStart();
 
 // Processor time of the connected program with the clock page open, against wall time.

@@ -10,7 +10,7 @@ namespace {
 
 constexpr double kFailure = 2;  // times the aim
 
-constexpr const char* kColumns = "%-9s | %-30s | %-11s | %-11s | %-6s | %-15s | %-5s | %-7s | %s";
+constexpr const char* kColumns = "%-17s | %-30s | %-11s | %-11s | %-6s | %-15s | %-5s | %-7s | %s";
 
 std::string Cell(const char* format, double first, double second = 0) {
   std::array<char, 64> text{};

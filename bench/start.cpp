@@ -14,7 +14,8 @@ constexpr int kRepeats = 31;
 
 struct Start {
   double milliseconds;
-  double mebibytes;
+  double peak;  // MiB
+  double own;   // MiB
 };
 
 Start Measure(Display& display, const ProgramFolder& folder, const std::string& program) {
@@ -22,7 +23,7 @@ Start Measure(Display& display, const ProgramFolder& folder, const std::string& 
   const Child child({program}, display.Environment(folder.Path()));
   display.WaitForWindow();
   const double milliseconds = (WallTime() - from) * 1e3;
-  return {milliseconds, child.PeakMemory()};
+  return {milliseconds, child.PeakMemory(), child.PrivateMemory()};
 }
 
 }  // namespace
@@ -33,14 +34,16 @@ std::vector<Result> MeasureStart() {
   folder.CopyProgram();
   Result time{"start", "bare window of Qt", kAim, "ms", {}};
   Result memory{"memory", "bare window of Qt", kAim, "MiB", {}};
+  Result own{"memory of its own", "bare window of Qt", kAim, "MiB", {}};
   for (int round = 0; round <= kRepeats; ++round) {
     const Start ours = Measure(display, folder, folder.Path() / "Sorvane");
     const Start bare = Measure(display, folder, SORVANE_BARE_WINDOW);
     if (round == 0) continue;  // it has filled the caches
     time.samples.push_back({ours.milliseconds, bare.milliseconds});
-    memory.samples.push_back({ours.mebibytes, bare.mebibytes});
+    memory.samples.push_back({ours.peak, bare.peak});
+    own.samples.push_back({ours.own, bare.own});
   }
-  return {time, memory};
+  return {time, memory, own};
 }
 
 }  // namespace sorvane::bench
