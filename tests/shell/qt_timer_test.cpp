@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractEventDispatcher>
 #include <QCoreApplication>
 #include <QEvent>
 #include <QTest>
@@ -46,9 +47,11 @@ TEST_F(QtTimers, ArePrecise) {
   // What goes off: of each timer in this thread the interval and the kind.
   struct Watcher : QObject {
     bool eventFilter(QObject* watched, QEvent* event) override {
-      const auto* timer = qobject_cast<QTimer*>(watched);
-      if (event->type() == QEvent::Timer && timer != nullptr) {
-        kinds[timer->interval()] = timer->timerType();
+      if (event->type() == QEvent::Timer) {
+        const auto* loop = QAbstractEventDispatcher::instance();
+        for (const auto& timer : loop->registeredTimers(watched)) {
+          kinds[timer.interval] = timer.timerType;
+        }
       }
       return false;
     }
