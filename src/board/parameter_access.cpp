@@ -33,13 +33,10 @@ std::string AsText(const ParameterValue& value) {
 
 // All four bytes are stored, whatever the size of the parameter.
 void StoreNumber(ParameterRecord& record, int64_t value) {
-  const int64_t b3 = value / 0x1000000;
-  const int64_t b2 = (value - b3 * 0x1000000) / 0x10000;
-  const int64_t b1 = (value - b3 * 0x1000000 - b2 * 0x10000) / 256;
-  const int64_t b0 = value - b3 * 0x1000000 - b2 * 0x10000 - b1 * 256;
-  int at = position::kValue;
-  for (const int64_t byte : {b0, b1, b2, b3}) {
-    record.At(at++) = ToByte(static_cast<double>(byte));
+  constexpr int64_t kHighest = 0xFFFFFFFF;
+  if (value < 0 || value > kHighest) throw RuntimeError(ErrorCode::kOverflow);
+  for (int byte = 0; byte < 4; ++byte) {
+    record.At(position::kValue + byte) = static_cast<uint8_t>(value >> 8 * byte);
   }
 }
 

@@ -17,9 +17,10 @@ struct Reply {
   // A value of more than 4 bytes is a text; all others are numbers.
   bool IsText() const { return size > 3; }
 
-  // The value as a number without sign; bytes that are missing count as 0. Throws RuntimeError
-  // kTypeMismatch for a text: an index file gives a parameter more bytes than its page can take.
-  double Number() const;
+  // The value as a whole number without sign; bytes that are missing count as 0. Throws
+  // RuntimeError kTypeMismatch for a text: an index file gives a parameter more bytes than its page
+  // can take.
+  int64_t Number() const;
 
   // The value as a text: that of a text as it stands, that of a number in decimal digits.
   std::string AsText() const;

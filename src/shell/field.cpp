@@ -19,7 +19,7 @@ Field::Field(Page& page, QWidget& parent, const FieldRow& row, int index, FieldS
       state_(state),
       box_(new EntryBox(page.Gate(), &parent)) {
   box_->setObjectName(ControlName(row.text, row.first + index));
-  box_->SetCharacterLimit(row.characters);
+  box_->SetCharacterLimit(row.typed.characters);
   box_->SetFocusRule(row.focus);
   box_->SetLocked(row.locked);
   box_->setAlignment(Qt::AlignCenter);
@@ -31,10 +31,10 @@ Field::Field(Page& page, QWidget& parent, const FieldRow& row, int index, FieldS
   if (row.bar != nullptr) {
     bar_ = new Bar(page.Gate(), &parent);
     bar_->setObjectName(ControlName(row.bar, row.first + index));
-    bar_->SetRange(row.minimum, row.maximum);
-    bar_->SetLargeStep(row.large_step);
-    bar_->SetSpokenOffset(row.offset);
-    if (row.start) bar_->SetPosition(*row.start);
+    bar_->SetRange(row.positions.minimum, row.positions.maximum);
+    bar_->SetLargeStep(row.positions.large_step);
+    bar_->SetSpokenOffset(row.positions.offset);
+    if (row.positions.start) bar_->SetPosition(*row.positions.start);
     bar_->on_change = [this] { OnBarChange(); };
   }
 }
@@ -65,9 +65,10 @@ void Field::SetRowOpen(bool open) {
 void Field::ShowFieldValue(double raw) {
   double shown = raw;
   if (bar_ != nullptr) {
-    const double position = std::clamp<double>(raw - row_.offset, row_.minimum, row_.maximum);
+    const double position = std::clamp<double>(raw - row_.positions.offset, row_.positions.minimum,
+                                               row_.positions.maximum);
     bar_->SetPosition(ToInt32(position));
-    if (row_.shown == Shown::kAsTheBarTook) shown = position + row_.offset;
+    if (row_.shown == Shown::kAsTheBarTook) shown = position + row_.positions.offset;
   }
   box_->Show(TextOf(shown));
 }
@@ -109,7 +110,8 @@ Entry Field::Parse() const {
 
 void Field::OnBarChange() {
   if (page_.Updating) return;
-  page_.WriteParameterPair(Parameter(), Mirror(), int64_t{bar_->Position()} + row_.offset);
+  page_.WriteParameterPair(Parameter(), Mirror(),
+                           int64_t{bar_->Position()} + row_.positions.offset);
 }
 
 void Field::OnEnterKey() {
@@ -119,7 +121,7 @@ void Field::OnEnterKey() {
     return;
   }
   state_.FieldValue = entry.value;
-  if (entry.value < row_.lowest || entry.value > row_.highest) {
+  if (entry.value < row_.typed.lowest || entry.value > row_.typed.highest) {
     page_.Refuse(*box_, Entry::Kind::kRefused);
   } else {
     Take(entry.value);
@@ -132,7 +134,7 @@ void Field::Take(int32_t raw) {
       ShowFieldValue(raw);
       break;
     case OnEnter::kMovesBar:
-      bar_->SetPosition(raw - row_.offset);
+      bar_->SetPosition(raw - row_.positions.offset);
       break;
     case OnEnter::kWrites:
       page_.WriteParameterPair(Parameter(), Mirror(), raw);

@@ -45,6 +45,22 @@ struct FieldState {
   int32_t FieldValue = 0;  // the last raw value that was typed
 };
 
+// What a bar takes, in its positions.
+struct BarSpan {
+  int32_t offset = 0;  // raw value = position + offset
+  int minimum = 0;
+  int maximum = 0;
+  std::optional<int> start = {};  // without one: 0, or the end of the range that is nearest to it
+  int large_step = 1;
+};
+
+// What may be typed.
+struct TypedSpan {
+  int32_t lowest = 0;  // raw values
+  int32_t highest = 0;
+  int characters = kNoLimit;  // the most that the field takes
+};
+
 // One row of a page's table: a field and the bar that holds the same value. A row stands for count
 // rows whose parameters, control indexes and captions follow one another.
 struct FieldRow {
@@ -54,21 +70,15 @@ struct FieldRow {
   const char* bar = nullptr;    // "HScroll1"; a field may have none
   int first = 0;                // control index of the first text and bar
   int count = 1;
-  int message = 0;  // of the caption
+  int message = 0;  // of the caption, see namespace message
   Numbering numbering = Numbering::kNone;
   int32_t parameter = 0;       // shown and written
   int32_t mirror = kNoMirror;  // of the first; written after it. An index of 0 is passed over.
   ValueForm form = ValueForm::kWhole;
   Shown shown = Shown::kAsItCame;
   OnEnter on_enter = OnEnter::kShows;
-  int32_t offset = 0;  // raw value = bar position + offset
-  int minimum = 0;     // of the bar's position
-  int maximum = 0;
-  std::optional<int> start = {};  // without one: 0, or the end of the range that is nearest to it
-  int large_step = 1;
-  int32_t lowest = 0;  // raw value that may be typed
-  int32_t highest = 0;
-  int characters = kNoLimit;  // the most that can be typed
+  BarSpan positions = {};
+  TypedSpan typed = {};
   FocusRule focus = FocusRule::kEmpties;
   bool locked = false;
 };

@@ -4,6 +4,7 @@
 #include <QMenu>
 #include <QMenuBar>
 
+#include "board/message.h"
 #include "shell/guarded_connect.h"
 #include "shell/message_table.h"
 #include "shell/settings.h"
@@ -25,22 +26,22 @@ struct MenuRow {
 
 constexpr MenuRow kRows[] = {
     {"mnuConnect", "Connect", "", Kind::kEntry, false, 0},
-    {"MnuPassword", "Password", "", Kind::kEntry, true, 1},
-    {"MnuImpostazioni", "Impostazioni", "", Kind::kEntry, true, 2},
-    {"MnuPrezzi", "Prezzi", "", Kind::kEntry, true, 3},
-    {"MnuSconti", "Sconti", "", Kind::kEntry, true, 4},
-    {"MnuPagamento", "Pagamento", "", Kind::kEntry, true, 5},
+    {"MnuPassword", "Password", "", Kind::kEntry, true, message::kPassword},
+    {"MnuImpostazioni", "Impostazioni", "", Kind::kEntry, true, message::kSettings},
+    {"MnuPrezzi", "Prezzi", "", Kind::kEntry, true, message::kPrices},
+    {"MnuSconti", "Sconti", "", Kind::kEntry, true, message::kDiscounts},
+    {"MnuPagamento", "Pagamento", "", Kind::kEntry, true, message::kPayment},
     {"MnuSet", "Set ", "", Kind::kDropDown, true, 0},
-    {"Mnutasti", "Tasti / Colonne", "MnuSet", Kind::kEntry, true, 6},
-    {"MnuColonne", "Colonne / Prodotti", "MnuSet", Kind::kEntry, true, 7},
-    {"MnuOrologio", "Orologio", "", Kind::kEntry, true, 8},
-    {"MnuVendite", "Vendite", "", Kind::kDropDown, true, 9},
-    {"MnuTotali", "Totali", "MnuVendite", Kind::kEntry, true, 10},
-    {"MnuContatori", "Contatori", "MnuVendite", Kind::kEntry, true, 11},
-    {"MnuMonete", "Monete", "MnuVendite", Kind::kEntry, true, 12},
-    {"MnuBanconote", "Banconote", "MnuVendite", Kind::kEntry, true, 13},
-    {"MnuAllarmi", "Allarmi", "", Kind::kEntry, true, 14},
-    {"mnuLingue", "Lingue", "", Kind::kDropDown, false, 15},
+    {"Mnutasti", "Tasti / Colonne", "MnuSet", Kind::kEntry, true, message::kKeysColumns},
+    {"MnuColonne", "Colonne / Prodotti", "MnuSet", Kind::kEntry, true, message::kColumnsProducts},
+    {"MnuOrologio", "Orologio", "", Kind::kEntry, true, message::kClock},
+    {"MnuVendite", "Vendite", "", Kind::kDropDown, true, message::kSales},
+    {"MnuTotali", "Totali", "MnuVendite", Kind::kEntry, true, message::kTotals},
+    {"MnuContatori", "Contatori", "MnuVendite", Kind::kEntry, true, message::kCounters},
+    {"MnuMonete", "Monete", "MnuVendite", Kind::kEntry, true, message::kCoins},
+    {"MnuBanconote", "Banconote", "MnuVendite", Kind::kEntry, true, message::kBanknotes},
+    {"MnuAllarmi", "Allarmi", "", Kind::kEntry, true, message::kAlarms},
+    {"mnuLingue", "Lingue", "", Kind::kDropDown, false, message::kLanguages},
     {"smnuLingue(0)", "", "mnuLingue", Kind::kEntry, false, 0},
     {"smnuLingue(1)", "", "mnuLingue", Kind::kEntry, false, 0},
     {"smnuLingue(2)", "", "mnuLingue", Kind::kEntry, false, 0},

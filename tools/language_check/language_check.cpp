@@ -10,6 +10,7 @@
 #include <string_view>
 #include <utility>
 
+#include "board/message.h"
 #include "language_check/characters.h"
 #include "language_check/language_file.h"
 #include "language_check/line_rules.h"
@@ -92,10 +93,14 @@ class FileCheck {
   }
 
   void CheckRule(int line, std::string_view text) {
-    if (line <= kLastMenuLine && text.find('&') != std::string_view::npos) {
+    // Captions of menu entries, and some of them titles too: in the menu an ampersand would vanish
+    // and underline a letter, in the title it would stand as it is.
+    if (line <= message::kLanguages && text.find('&') != std::string_view::npos) {
       Add(line, "ampersand in a menu caption");
     }
-    if ((line == kYesLine || line == kNoLine) && text.find(',') != std::string_view::npos) {
+    // The two become the positions of a slider, parted by a comma.
+    if ((line == message::kYes || line == message::kNo) &&
+        text.find(',') != std::string_view::npos) {
       Add(line, "comma in the position of a slider");
     }
     const LineRule* rule = RuleOfLine(line);

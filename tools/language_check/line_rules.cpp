@@ -3,35 +3,37 @@
 #include <algorithm>
 #include <array>
 
+#include "board/message.h"
+
 namespace sorvane {
 namespace {
 
 constexpr std::array kLineRules = {
-    LineRule{1, 15, 20},    // menu entries and titles
-    LineRule{17, 18, 5},    // ends of a switch
-    LineRule{19, 19, 64},   // note below the password
-    LineRule{21, 30, 26},   // rows of the general settings
-    LineRule{32, 33, 12},   // numbered rows of the prices
-    LineRule{34, 34, 28},   // title
-    LineRule{36, 36, 12},   // numbered rows of the discounts
-    LineRule{38, 38, 28},   // title
-    LineRule{39, 39, 12},   // numbered rows of the keys
-    LineRule{41, 41, 28},   // title
-    LineRule{42, 43, 12},   // numbered rows and heads of the columns
-    LineRule{45, 48, 14},   // tabs of the clock, two of the lines on one tab
-    LineRule{49, 49, 28},   // frame of the clock
-    LineRule{50, 54, 10},   // parts of date and time
-    LineRule{55, 56, 18},   // numbered ends of the discount bands
-    LineRule{58, 66, 36},   // totals
-    LineRule{68, 73, 26},   // counters, the last three numbered
-    LineRule{75, 75, 14},   // numbered coins
-    LineRule{77, 77, 14},   // numbered banknotes
-    LineRule{79, 82, 22},   // tabs and frame of the payment
-    LineRule{83, 93, 24},   // rows of the payment
-    LineRule{94, 94, 10},   // tubes, the number right behind
-    LineRule{95, 98, 24},   // switches of the tokens
-    LineRule{99, 99, 10},   // numbered tokens
-    LineRule{100, 102, 22}  // tabs of the MDB system
+    LineRule{message::kPassword, message::kLanguages, 20},
+    LineRule{message::kYes, message::kNo, 5},
+    LineRule{message::kPasswordNote, message::kPasswordNote, 64},
+    LineRule{message::kMachineLanguage, message::kEqualProducts, 26},
+    LineRule{message::kPrice, message::kItem, 12},
+    LineRule{message::kPricesTitle, message::kPricesTitle, 28},
+    LineRule{message::kDiscount, message::kDiscount, 12},
+    LineRule{message::kKeysTitle, message::kKeysTitle, 28},
+    LineRule{message::kKey, message::kKey, 12},
+    LineRule{message::kColumnsTitle, message::kColumnsTitle, 28},
+    LineRule{message::kColumn, message::kProduct, 12},
+    LineRule{message::kClockTab, message::kSwitchOff, 14},
+    LineRule{message::kSetTime, message::kSetTime, 28},
+    LineRule{message::kDay, message::kMinutes, 10},
+    LineRule{message::kBandStart, message::kBandEnd, 18},
+    LineRule{message::kTakings, message::kOverpay, 36},
+    LineRule{message::kPowerOns, message::kFreeVends, 26},
+    LineRule{message::kCoin, message::kCoin, 14},
+    LineRule{message::kBanknote, message::kBanknote, 14},
+    LineRule{message::kGeneralTab, message::kCoinsTab, 22},
+    LineRule{message::kFreeVend, message::kIgnoreExactChange, 24},
+    LineRule{message::kTube, message::kTube, 10},
+    LineRule{message::kTokensOn, message::kTokenExactChange, 24},
+    LineRule{message::kToken, message::kToken, 10},
+    LineRule{message::kMdbTabs, message::kLast, 22},
 };
 
 }  // namespace

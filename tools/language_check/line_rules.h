@@ -19,12 +19,4 @@ std::span<const LineRule> LineRules();
 // Nothing for a line that the program doesn't show.
 const LineRule* RuleOfLine(int line);
 
-// Lines 1 to 15 are captions of menu entries, and some of them are titles too: in the menu an
-// ampersand would vanish and underline a letter, in the title it would stand as it is.
-constexpr int kLastMenuLine = 15;
-
-// The words for yes and no become the two positions of a slider, parted by a comma.
-constexpr int kYesLine = 17;
-constexpr int kNoLine = 18;
-
 }  // namespace sorvane

@@ -38,7 +38,7 @@ class AlarmRing {
 
   // One for each byte of the ring, and one that is never filled.
   std::array<int16_t, parameter::kAlarmBytes + 1> AlarmBytes{};
-  double AlarmPointer = 0;
+  int64_t AlarmPointer = 0;
 };
 
 // What an alarm's code means, blanks at the end included. code is 0 to 50.

@@ -14,25 +14,25 @@ namespace sorvane {
 // A value that the board has recorded, under its caption. A row stands for count rows whose
 // parameters, control indexes and numbers follow one another.
 struct AuditRow {
-  const char* caption;  // "LabelMess1"
-  int caption_index;
+  const char* caption = "LabelMess1";
+  int caption_index = 0;
   int message;
-  int number;  // behind the caption, after a blank, of the first row; 0 for none
-  int value;   // control index of the value, Label1
+  int number = 0;  // behind the caption, after a blank, of the first row; 0 for none
+  int value;       // control index of the value, Label1
   int32_t parameter;
   int count = 1;
 };
 
+inline constexpr int kNoFrame = -1;
+
 // The rows that stand together, at a cell of the page.
 struct AuditGroup {
-  int frame;  // control index of the frame around them, Frame1; kNoFrame for none
+  int frame = kNoFrame;  // control index of the frame around them, Frame1
   std::span<const AuditRow> rows;
   int row;
   int column;
   bool across = false;  // side by side over the whole width of the page, instead of one by one
 };
-inline constexpr int kNoFrame = -1;
-
 // A page that only reads: each reply stands in a bordered box behind its caption, as a plain
 // number.
 class AuditPage : public Page {

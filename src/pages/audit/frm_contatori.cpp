@@ -1,30 +1,60 @@
 #include "pages/audit/frm_contatori.h"
 
+#include "board/message.h"
 #include "board/parameter.h"
 
 namespace sorvane {
 namespace {
 
-constexpr int kTitle = 11;  // message
+// A count of each selection or motor, with a frame of their own.
+constexpr AuditRow TenCounts(const char* caption, int message, int value, int32_t parameter) {
+  return {
+      .caption = caption,
+      .message = message,
+      .number = 1,
+      .value = value,
+      .parameter = parameter,
+      .count = parameter::kSelectionRows,
+  };
+}
+
+constexpr AuditRow MachineCount(int i, int message, int32_t parameter) {
+  constexpr int kFirstValue = 30;
+  return {
+      .caption_index = i,
+      .message = message,
+      .value = kFirstValue + i,
+      .parameter = parameter,
+  };
+}
 
 constexpr AuditRow kVends[] = {
-    {"LabelMess2", 0, 71, 1, 0, parameter::kSelectionVends, parameter::kSelectionRows}};
+    TenCounts("LabelMess2", message::kSelectionVends, 0, parameter::kSelectionVends),
+};
 constexpr AuditRow kBlocks[] = {
-    {"LabelMess3", 0, 72, 1, 10, parameter::kMotorBlocks, parameter::kSelectionRows}};
+    TenCounts("LabelMess3", message::kMotorBlocks, 10, parameter::kMotorBlocks),
+};
 constexpr AuditRow kFreeVends[] = {
-    {"LabelMess4", 0, 73, 1, 20, parameter::kFreeVends, parameter::kSelectionRows}};
+    TenCounts("LabelMess4", message::kFreeVends, 20, parameter::kFreeVends),
+};
 // The parameters of these don't follow the order of the rows.
-constexpr AuditRow kMachine[] = {{"LabelMess1", 0, 68, 0, 30, parameter::kPowerOns},
-                                 {"LabelMess1", 1, 69, 0, 31, parameter::kMotorResets},
-                                 {"LabelMess1", 2, 70, 0, 32, parameter::kInterventions}};
+constexpr AuditRow kMachine[] = {
+    MachineCount(0, message::kPowerOns, parameter::kPowerOns),
+    MachineCount(1, message::kMotorResets, parameter::kMotorResets),
+    MachineCount(2, message::kInterventions, parameter::kInterventions),
+};
 
 constexpr AuditGroup kGroups[] = {
-    {0, kVends, 0, 0}, {1, kBlocks, 0, 1}, {2, kFreeVends, 0, 2}, {3, kMachine, 1, 0, true}};
+    {.frame = 0, .rows = kVends, .row = 0, .column = 0},
+    {.frame = 1, .rows = kBlocks, .row = 0, .column = 1},
+    {.frame = 2, .rows = kFreeVends, .row = 0, .column = 2},
+    {.frame = 3, .rows = kMachine, .row = 1, .column = 0, .across = true},
+};
 
 }  // namespace
 
 FrmContatori::FrmContatori(const PageServices& services)
-    : AuditPage(services, "FrmContatori", kTitle, kGroups) {}
+    : AuditPage(services, "FrmContatori", message::kCounters, kGroups) {}
 
 std::vector<int32_t> FrmContatori::WatchedParameters() const {
   std::vector<int32_t> watched;

@@ -4,6 +4,7 @@
 #include <numeric>
 
 #include "board/formats.h"
+#include "board/message.h"
 #include "board/numbers.h"
 #include "board/parameter.h"
 #include "board/reply.h"
@@ -12,19 +13,33 @@
 namespace sorvane {
 namespace {
 
-constexpr int kTitle = 10;  // message
+constexpr AuditRow Total(int caption, int value, int message, int32_t parameter) {
+  return {
+      .caption_index = caption,
+      .message = message,
+      .value = value,
+      .parameter = parameter,
+  };
+}
 
 // A total that can be reset comes before its partner that can't.
-constexpr AuditRow kLasting[] = {{"LabelMess1", 0, 58, 0, 0, parameter::kTakings + 1},
-                                 {"LabelMess1", 2, 60, 0, 1, parameter::kVends + 1},
-                                 {"LabelMess1", 4, 62, 0, 2, parameter::kDiscountTotal + 1},
-                                 {"LabelMess1", 6, 64, 0, 3, parameter::kKeyDiscountTotal + 1}};
-constexpr AuditRow kResettable[] = {{"LabelMess1", 1, 59, 0, 4, parameter::kTakings},
-                                    {"LabelMess1", 3, 61, 0, 5, parameter::kVends},
-                                    {"LabelMess1", 5, 63, 0, 6, parameter::kDiscountTotal},
-                                    {"LabelMess1", 7, 65, 0, 7, parameter::kKeyDiscountTotal},
-                                    {"LabelMess1", 8, 66, 0, 8, parameter::kOverpay}};
-constexpr AuditGroup kGroups[] = {{0, kLasting, 0, 0}, {1, kResettable, 0, 1}};
+constexpr AuditRow kLasting[] = {
+    Total(0, 0, message::kTakings, parameter::kTakings + 1),
+    Total(2, 1, message::kVends, parameter::kVends + 1),
+    Total(4, 2, message::kDiscountTotal, parameter::kDiscountTotal + 1),
+    Total(6, 3, message::kKeyDiscountTotal, parameter::kKeyDiscountTotal + 1),
+};
+constexpr AuditRow kResettable[] = {
+    Total(1, 4, message::kTakingsResettable, parameter::kTakings),
+    Total(3, 5, message::kVendsResettable, parameter::kVends),
+    Total(5, 6, message::kDiscountTotalResettable, parameter::kDiscountTotal),
+    Total(7, 7, message::kKeyDiscountTotalResettable, parameter::kKeyDiscountTotal),
+    Total(8, 8, message::kOverpay, parameter::kOverpay),
+};
+constexpr AuditGroup kGroups[] = {
+    {.frame = 0, .rows = kLasting, .row = 0, .column = 0},
+    {.frame = 1, .rows = kResettable, .row = 0, .column = 1},
+};
 
 constexpr int32_t kFirst = parameter::kTakings;
 constexpr int32_t kLast = parameter::kOverpay;
@@ -34,7 +49,7 @@ bool IsCount(int32_t index) { return index == parameter::kVends || index == para
 }  // namespace
 
 FrmTotali::FrmTotali(const PageServices& services)
-    : AuditPage(services, "FrmTotali", kTitle, kGroups) {}
+    : AuditPage(services, "FrmTotali", message::kTotals, kGroups) {}
 
 std::vector<int32_t> FrmTotali::WatchedParameters() const {
   std::vector<int32_t> watched(kLast - kFirst + 1);

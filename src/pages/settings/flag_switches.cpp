@@ -22,7 +22,7 @@ void FlagSwitches::Add(QWidget& parent, const FlagRow& row) {
 }
 
 void FlagSwitches::LoadCaptions() {
-  for (const Switch& one : switches_) {
+  for (const Added& one : switches_) {
     QString caption = one.row.message == 0 ? QString(one.row.text) : page_.Message(one.row.message);
     if (one.row.number != 0) caption += QString(" %1").arg(one.row.number);
     Page::SetCaption(*one.label, caption);
@@ -32,7 +32,7 @@ void FlagSwitches::LoadCaptions() {
 
 void FlagSwitches::ShowFlags(int16_t flags) {
   flags_ = flags;
-  for (const Switch& one : switches_) one.toggle->SetChecked((flags & one.row.mask) != 0);
+  for (const Added& one : switches_) one.toggle->SetChecked((flags & one.row.mask) != 0);
 }
 
 void FlagSwitches::OnChange(const Toggle& toggle, int mask) {
@@ -49,7 +49,7 @@ void FlagSwitches::LayOut(QGridLayout& grid, const Span& span, QLabel* no, QLabe
   heads->addWidget(yes);
   grid.addLayout(heads, 0, 1);
   for (int i = 0; i < span.count; ++i) {
-    const Switch& one = switches_.at(span.first + i);
+    const Added& one = switches_.at(span.first + i);
     grid.addWidget(one.label, i + 1, 0);
     grid.addWidget(one.toggle, i + 1, 1, Qt::AlignHCenter);
   }

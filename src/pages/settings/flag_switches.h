@@ -17,10 +17,10 @@ struct FlagRow {
   int label;           // index of the label, LabelMess1
   const char* toggle;  // "SwitchX1"
   int index;
-  int message;  // of the caption; 0 for the fixed text
-  const char* text;
-  int number;  // behind the caption, after a blank; 0 for none
-  int mask;    // the switch's bits in the byte
+  int message = 0;        // of the caption; 0 for the fixed text
+  const char* text = "";  // the fixed one
+  int number = 0;         // behind the caption, after a blank; 0 for none
+  int mask;               // the switch's bits in the byte
 };
 
 // The switches of one byte of flags. A switch that the user turns changes its own bit in the byte
@@ -32,6 +32,10 @@ class FlagSwitches {
 
   // parent is the page or what stands on it.
   void Add(QWidget& parent, const FlagRow& row);
+
+  // i counts the switches in the order in which they were added.
+  QLabel* Label(int i) const { return switches_.at(i).label; }
+  Toggle* Switch(int i) const { return switches_.at(i).toggle; }
 
   void LoadCaptions();
 
@@ -46,7 +50,7 @@ class FlagSwitches {
   void LayOut(QGridLayout& grid, const Span& span, QLabel* no, QLabel* yes);
 
  private:
-  struct Switch {
+  struct Added {
     FlagRow row;
     QLabel* label;
     Toggle* toggle;
@@ -58,7 +62,7 @@ class FlagSwitches {
   int32_t parameter_;
   int32_t mirror_;
   int16_t& flags_;
-  QList<Switch> switches_;
+  QList<Added> switches_;
 };
 
 }  // namespace sorvane

@@ -5,6 +5,7 @@
 #include <QLabel>
 
 #include "board/errors.h"
+#include "board/message.h"
 #include "board/numbers.h"
 #include "board/parameter.h"
 #include "board/reply.h"
@@ -15,11 +16,6 @@
 namespace sorvane {
 namespace {
 
-constexpr int kTitle = 2;  // messages
-constexpr int kYes = 17;
-constexpr int kNo = 18;
-constexpr int kFirstCaption = 21;
-
 constexpr int kSwitchRow = 9;
 
 // A setting of the board's, with its bar, mirror and limits.
@@ -29,40 +25,40 @@ constexpr FieldRow Setting(int i, int32_t parameter, int minimum, int maximum, F
   row.text = "Text1";
   row.bar = "HScroll1";
   row.first = i;
-  row.message = kFirstCaption + i;
+  row.message = message::kMachineLanguage + i;
   row.parameter = parameter;
   row.mirror = parameter - parameter::kMachineLanguage + parameter::kMachineLanguageMirror;
-  row.minimum = minimum;
-  row.maximum = maximum;
-  row.lowest = minimum;
-  row.highest = maximum;
+  row.positions = {.minimum = minimum, .maximum = maximum};
+  row.typed.lowest = minimum;
+  row.typed.highest = maximum;
   return row;
 }
 
 // A number that is typed: it has neither bar nor mirror.
 constexpr FieldRow Number(int i, int32_t parameter, int32_t highest, int characters) {
-  return {.label = "LabelMess1",
-          .first_label = i,
-          .text = "Text1",
-          .first = i,
-          .message = kFirstCaption + i,
-          .parameter = parameter,
-          .on_enter = OnEnter::kWrites,
-          .lowest = 1,
-          .highest = highest,
-          .characters = characters};
+  return {
+      .label = "LabelMess1",
+      .first_label = i,
+      .text = "Text1",
+      .first = i,
+      .message = message::kMachineLanguage + i,
+      .parameter = parameter,
+      .on_enter = OnEnter::kWrites,
+      .typed = {.lowest = 1, .highest = highest, .characters = characters},
+  };
 }
 
 constexpr FieldRow kFields[] = {
     Setting(0, parameter::kMachineLanguage, 0, 9,
-            {.characters = 100, .focus = FocusRule::kNothing, .locked = true}),
-    Setting(1, parameter::kSelections, 5, 10, {.characters = 2}),
-    Setting(2, parameter::kMotorTimeout, 50, 250,
-            {.form = ValueForm::kTenths, .shown = Shown::kAsTheBarTook, .characters = 4}),
-    Setting(3, parameter::kSetTemperature, 0, 16, {.characters = 2}),
-    Setting(4, parameter::kDeltaTemperature, 1, 5, {.characters = 1}),
-    Setting(5, parameter::kDefrostEvery, 0, 12, {.characters = 2}),
-    Setting(6, parameter::kDefrostFor, 1, 30, {.characters = 2}),
+            {.typed = {.characters = 100}, .focus = FocusRule::kNothing, .locked = true}),
+    Setting(1, parameter::kSelections, 5, 10, {.typed = {.characters = 2}}),
+    Setting(
+        2, parameter::kMotorTimeout, 50, 250,
+        {.form = ValueForm::kTenths, .shown = Shown::kAsTheBarTook, .typed = {.characters = 4}}),
+    Setting(3, parameter::kSetTemperature, 0, 16, {.typed = {.characters = 2}}),
+    Setting(4, parameter::kDeltaTemperature, 1, 5, {.typed = {.characters = 1}}),
+    Setting(5, parameter::kDefrostEvery, 0, 12, {.typed = {.characters = 2}}),
+    Setting(6, parameter::kDefrostFor, 1, 30, {.typed = {.characters = 2}}),
     Number(7, parameter::kMachineNumber, 16777215, 8),
     Number(8, parameter::kLocationNumber, 65535, 5),
 };
@@ -114,12 +110,12 @@ std::vector<int32_t> FrmImposta::WatchedParameters() const {
 
 void FrmImposta::LoadPageCaptions() {
   fields_.LoadCaptions();
-  const QString caption = Message(kFirstCaption + kSwitchRow);
+  const QString caption = Message(message::kEqualProducts);
   SetCaption(*switch_label_, caption);
   switch_->setAccessibleName(caption);
-  SetCaption(*yes_, Message(kYes));
-  SetCaption(*no_, Message(kNo));
-  setWindowTitle(Message(kTitle));
+  SetCaption(*yes_, Message(message::kYes));
+  SetCaption(*no_, Message(message::kNo));
+  setWindowTitle(Message(message::kSettings));
 }
 
 void FrmImposta::OnReply(const Reply& reply) {

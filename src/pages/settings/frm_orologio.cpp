@@ -88,7 +88,7 @@ void FrmOrologio::OnYearReply(const Reply& reply) {
   ClockYear = reply.Number() + 2000;
   ShowField(reply);
   // The text alone: the saved text keeps the two digits.
-  clock_.At(kYearField).Box()->SetText(QString::number(ClockYear, 'f', 0));
+  clock_.At(kYearField).Box()->SetText(QString::number(ClockYear));
 }
 
 void FrmOrologio::ProbeBoardClock(int16_t day) {

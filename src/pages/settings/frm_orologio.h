@@ -61,8 +61,8 @@ class FrmOrologio : public Page {
   int16_t SavedDay = 0;      // what the board had before the probe
   int16_t ClockDay = 0;      // these five as last delivered
   uint8_t ClockMonth = 0;
-  double ClockYear = 0;  // plus 2000
-  double ClockHours = 0;
+  int64_t ClockYear = 0;  // plus 2000
+  int64_t ClockHours = 0;
   int16_t ClockMinutes = 0;
   uint8_t SwitchFlags = 0;  // the option bits as last delivered
 

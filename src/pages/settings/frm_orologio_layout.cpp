@@ -20,19 +20,6 @@
 namespace sorvane {
 namespace {
 
-constexpr int kTitle = 8;  // messages
-constexpr int kYes = 17;
-constexpr int kNo = 18;
-constexpr int kClockTab = 45;
-constexpr int kBandsTab = 46;
-constexpr int kSwitchOn = 47;
-constexpr int kSwitchOff = 48;
-constexpr int kFrame = 49;
-constexpr int kHours = 53;
-constexpr int kMinutes = 54;
-constexpr int kBandStart = 55;
-constexpr int kBandEnd = 56;
-
 // The labels of the discount bands in the order of their times: start 1, end 1, start 2, end 2.
 // Behind these four come a label for the hours and one for the minutes of each.
 constexpr int kBandOrder[] = {0, 2, 1, 3};
@@ -159,29 +146,29 @@ void FrmOrologio::LayOutTime(QGridLayout& grid, int row, FieldGroup& times, QLab
 }
 
 void FrmOrologio::LoadPageCaptions() {
-  const QString both = Message(kSwitchOn) + "/" + Message(kSwitchOff);
-  setWindowTitle(Message(kTitle));
-  tabs_->SetCaption(0, Message(kClockTab));
-  tabs_->SetCaption(1, Message(kBandsTab));
+  const QString both = Message(message::kSwitchOn) + "/" + Message(message::kSwitchOff);
+  setWindowTitle(Message(message::kClock));
+  tabs_->SetCaption(0, Message(message::kClockTab));
+  tabs_->SetCaption(1, Message(message::kBandsTab));
   tabs_->SetCaption(2, both);
-  frame_->setTitle(EscapeAmpersands(Message(kFrame)));
+  frame_->setTitle(EscapeAmpersands(Message(message::kSetTime)));
   clock_.LoadCaptions();
   LoadBandCaptions();
   SetCaption(*switch_label_, both);
   switch_->setAccessibleName(both);
-  face_->setAccessibleName(Message(kClockTab));
+  face_->setAccessibleName(Message(message::kClockTab));
   LoadOnOffCaptions();
-  switch_->SetLabels(Message(kYes) + "," + Message(kNo));
+  switch_->SetLabels(Message(message::kYes) + "," + Message(message::kNo));
 }
 
 void FrmOrologio::LoadBandCaptions() {
   for (int time = 0; time < kBandTimes; ++time) {
-    const int message = time % 2 == 0 ? kBandStart : kBandEnd;
+    const int message = time % 2 == 0 ? message::kBandStart : message::kBandEnd;
     const QString caption = QString("%1 %2").arg(Message(message)).arg(time / 2 + 1);
     SetCaption(*band_labels_.at(kBandOrder[time]), caption);
     int i = 2 * time;
-    for (const int unit : {kHours, kMinutes}) {
-      const int first = unit == kHours ? kBandHours : kBandMinutes;
+    for (const int unit : {message::kHours, message::kMinutes}) {
+      const int first = unit == message::kHours ? kBandHours : kBandMinutes;
       SetCaption(*band_labels_.at(first + time), Message(unit));
       bands_.At(i++).SetSpokenName(caption + " " + Message(unit));
     }
@@ -190,16 +177,16 @@ void FrmOrologio::LoadBandCaptions() {
 
 void FrmOrologio::LoadOnOffCaptions() {
   int i = 0;
-  for (const int message : {kSwitchOn, kSwitchOff}) {
+  for (const int message : {message::kSwitchOn, message::kSwitchOff}) {
     const QString caption = Message(message);
     SetCaption(*on_off_labels_.at(i / 2), caption);
-    on_off_.At(i++).SetSpokenName(caption + " " + Message(kHours));
-    on_off_.At(i++).SetSpokenName(caption + " " + Message(kMinutes));
+    on_off_.At(i++).SetSpokenName(caption + " " + Message(message::kHours));
+    on_off_.At(i++).SetSpokenName(caption + " " + Message(message::kMinutes));
   }
   // The hours of switching off bear the word for minutes, and the minutes' own labels stay as they
   // are in every language. Technicians have been living with it.
-  SetCaption(*unit_labels_.at(0), Message(kHours));
-  SetCaption(*unit_labels_.at(1), Message(kMinutes));
+  SetCaption(*unit_labels_.at(0), Message(message::kHours));
+  SetCaption(*unit_labels_.at(1), Message(message::kMinutes));
 }
 
 }  // namespace sorvane

@@ -9,6 +9,7 @@
 #include <iterator>
 
 #include "board/errors.h"
+#include "board/message.h"
 #include "board/numbers.h"
 #include "board/parameter.h"
 #include "board/reply.h"
@@ -17,77 +18,32 @@
 #include "shell/controls/focus_keeper.h"
 #include "shell/controls/slider.h"
 #include "shell/controls/tab_pages.h"
+#include "shell/controls/toggle.h"
 #include "shell/page_sizes.h"
 #include "shell/western_text.h"
 
 namespace sorvane {
 namespace {
 
-constexpr int kTitle = 5;  // messages
-constexpr int kGeneralTabCaption = 79;
-constexpr int kSystemFrame = 80;
-constexpr int kBanknotesTabCaption = 81;
-constexpr int kCoinsTabCaption = 82;
-constexpr int kFirstMdbTabCaption = 100;
-
 constexpr int kBanknotesTab = 1;  // of the left half
 constexpr int kCoinsTab = 2;
 constexpr int kMdbTabs = 3;
 
-constexpr int kDecimalPointField = 1;
+constexpr int kDecimalPointField = 1;  // of the general ones
+constexpr int kCreditTimeoutField = 2;
 constexpr int kSaleModeField = 3;
+
+constexpr int kPriceHolding = 1;  // of the switches of the sale
+constexpr int kImmediateChange = 2;
 
 constexpr const char* kSystems = "Validatore, Executive, MDB";
 constexpr const char* kSaleModes[] = {"Multipla", "Temp.", "Singola"};
 // By the number of decimals; with a point in every locale.
 constexpr const char* kPatterns[] = {"00000", "0000.0", "000.00", "00.000", "0.0000"};
 
-// What a payment system does to a control.
-enum class To { kOpen, kClose, kSame };
-
-struct SystemRow {
-  const char* control;
-  To validator;
-  To executive;
-  To mdb;
-};
-
-// The switch of "Resto Subito", SwitchX2(2), isn't among these: with a validator or MDB its label
-// is grey, and the switch lives on. Technicians have been living with it.
-constexpr SystemRow kSystemRows[] = {{"SSTab1", To::kClose, To::kClose, To::kOpen},
-                                     {"LabelMess1(44)", To::kOpen, To::kOpen, To::kClose},
-                                     {"Text5(1)", To::kOpen, To::kOpen, To::kClose},
-                                     {"HScroll5(1)", To::kOpen, To::kOpen, To::kClose},
-                                     {"LabelMess1(45)", To::kClose, To::kClose, To::kOpen},
-                                     {"Text5(2)", To::kClose, To::kClose, To::kOpen},
-                                     {"HScroll5(2)", To::kClose, To::kClose, To::kOpen},
-                                     {"LabelMess1(46)", To::kOpen, To::kClose, To::kSame},
-                                     {"Text5(3)", To::kOpen, To::kClose, To::kSame},
-                                     {"HScroll5(3)", To::kOpen, To::kClose, To::kSame},
-                                     {"LabelMess1(19)", To::kClose, To::kOpen, To::kClose},
-                                     {"SwitchX2(1)", To::kClose, To::kOpen, To::kClose},
-                                     {"LabelMess1(20)", To::kClose, To::kOpen, To::kClose}};
-
-// The same for the tabs of the left half.
-struct SystemTabRow {
-  int tab;
-  To validator;
-  To executive;
-  To mdb;
-};
-
-constexpr SystemTabRow kSystemTabRows[] = {{kCoinsTab, To::kOpen, To::kClose, To::kClose},
-                                           {kBanknotesTab, To::kClose, To::kClose, To::kOpen}};
-
 constexpr int kValidator = 1;
 constexpr int kExecutive = 2;
 constexpr int kMdb = 3;
-
-template <typename Row>
-To Of(const Row& row, int system) {
-  if (system == kValidator) return row.validator;
-  return system == kExecutive ? row.executive : row.mdb;
-}
 
 }  // namespace
 
@@ -115,6 +71,7 @@ FrmPagamento::FrmPagamento(const PageServices& services)
   AddLimitsTab();
   AddTubesTab();
   AddTokensTab();
+  system_controls_ = SystemControls();
   auto* layout = new QHBoxLayout(this);
   layout->addWidget(general_tabs_, 1);
   layout->addWidget(mdb_tabs_, 1);
@@ -194,17 +151,17 @@ void FrmPagamento::Load() {
 }
 
 void FrmPagamento::LoadPageCaptions() {
-  setWindowTitle(Message(kTitle));
-  general_tabs_->SetCaption(0, Message(kGeneralTabCaption));
-  system_frame_->setTitle(EscapeAmpersands(Message(kSystemFrame)));
-  system_->setAccessibleName(Message(kSystemFrame));
-  general_tabs_->SetCaption(kBanknotesTab, Message(kBanknotesTabCaption));
-  general_tabs_->SetCaption(kCoinsTab, Message(kCoinsTabCaption));
+  setWindowTitle(Message(message::kPayment));
+  general_tabs_->SetCaption(0, Message(message::kGeneralTab));
+  system_frame_->setTitle(EscapeAmpersands(Message(message::kPaymentSystem)));
+  system_->setAccessibleName(Message(message::kPaymentSystem));
+  general_tabs_->SetCaption(kBanknotesTab, Message(message::kBanknotesTab));
+  general_tabs_->SetCaption(kCoinsTab, Message(message::kCoinsTab));
   sale_.LoadCaptions();
   general_.LoadCaptions();
   LoadMdbCaptions();
   for (int tab = 0; tab < kMdbTabs; ++tab) {
-    mdb_tabs_->SetCaption(tab, Message(kFirstMdbTabCaption + tab));
+    mdb_tabs_->SetCaption(tab, Message(message::kMdbTabs + tab));
   }
   LoadCoinCaptions();
 }
@@ -242,7 +199,7 @@ void FrmPagamento::OnReply(const Reply& reply) {
   }
 }
 
-void FrmPagamento::OnDecimals(double value) {
+void FrmPagamento::OnDecimals(int64_t value) {
   if (value == state_.Decimals) return;
   state_.Decimals = ToByte(value);
   Field& field = general_.At(kDecimalPointField);
@@ -265,7 +222,7 @@ void FrmPagamento::OnSaleMode(const Reply& reply) {
   if (mode < std::size(kSaleModes)) field.Box()->Show(kSaleModes[mode]);
 }
 
-void FrmPagamento::OnPaymentSystem(double system) {
+void FrmPagamento::OnPaymentSystem(int64_t system) {
   for (const int known : {kValidator, kExecutive, kMdb}) {
     if (system != known) continue;
     system_->SetPosition(known - 1);
@@ -273,16 +230,48 @@ void FrmPagamento::OnPaymentSystem(double system) {
   }
 }
 
+// The switch of "Resto Subito" isn't among these: with a validator or MDB its label is grey, and
+// the switch lives on. Technicians have been living with it.
+std::vector<FrmPagamento::SystemControl> FrmPagamento::SystemControls() {
+  using enum To;
+  Field& decimals = general_.At(kDecimalPointField);
+  Field& timeout = general_.At(kCreditTimeoutField);
+  Field& mode = general_.At(kSaleModeField);
+  return {
+      {.control = mdb_tabs_, .validator = kClose, .executive = kClose, .mdb = kOpen},
+      {.control = decimals.Label(), .validator = kOpen, .executive = kOpen, .mdb = kClose},
+      {.control = decimals.Box(), .validator = kOpen, .executive = kOpen, .mdb = kClose},
+      {.control = decimals.GetBar(), .validator = kOpen, .executive = kOpen, .mdb = kClose},
+      {.control = timeout.Label(), .validator = kClose, .executive = kClose, .mdb = kOpen},
+      {.control = timeout.Box(), .validator = kClose, .executive = kClose, .mdb = kOpen},
+      {.control = timeout.GetBar(), .validator = kClose, .executive = kClose, .mdb = kOpen},
+      {.control = mode.Label(), .validator = kOpen, .executive = kClose, .mdb = kSame},
+      {.control = mode.Box(), .validator = kOpen, .executive = kClose, .mdb = kSame},
+      {.control = mode.GetBar(), .validator = kOpen, .executive = kClose, .mdb = kSame},
+      {.control = sale_.Label(kPriceHolding),
+       .validator = kClose,
+       .executive = kOpen,
+       .mdb = kClose},
+      {.control = sale_.Switch(kPriceHolding),
+       .validator = kClose,
+       .executive = kOpen,
+       .mdb = kClose},
+      {.control = sale_.Label(kImmediateChange),
+       .validator = kClose,
+       .executive = kOpen,
+       .mdb = kClose},
+  };
+}
+
 void FrmPagamento::ShowPaymentSystem(int system) {
-  for (const SystemRow& row : kSystemRows) {
-    const To to = Of(row, system);
-    auto* control = findChild<QWidget*>(row.control);
-    if (control == nullptr) throw InternalFault(row.control);
-    if (to != To::kSame) SetOpen(*control, to == To::kOpen);
+  for (const SystemControl& row : system_controls_) {
+    const To to = system == kValidator   ? row.validator
+                  : system == kExecutive ? row.executive
+                                         : row.mdb;
+    if (to != To::kSame) SetOpen(*row.control, to == To::kOpen);
   }
-  for (const SystemTabRow& row : kSystemTabRows) {
-    general_tabs_->SetTabOpen(row.tab, Of(row, system) == To::kOpen);
-  }
+  general_tabs_->SetTabOpen(kCoinsTab, system == kValidator);
+  general_tabs_->SetTabOpen(kBanknotesTab, system == kMdb);
 }
 
 void FrmPagamento::OnSystemChange() {

@@ -51,9 +51,19 @@ class FrmPagamento : public Page {
   void LoadMdbCaptions();
   void LoadCoinCaptions();
 
-  void OnDecimals(double value);
+  // What a payment system does to a control.
+  enum class To { kOpen, kClose, kSame };
+  struct SystemControl {
+    QWidget* control;
+    To validator;
+    To executive;
+    To mdb;
+  };
+  std::vector<SystemControl> SystemControls();
+
+  void OnDecimals(int64_t value);
   void OnSaleMode(const Reply& reply);
-  void OnPaymentSystem(double system);
+  void OnPaymentSystem(int64_t system);
   void ShowPaymentSystem(int system);
   // As FieldGroup::Redraw; but this page holds positions and raw values in 32 bits with sign.
   void DrawAnew(FieldGroup& fields);
@@ -78,6 +88,7 @@ class FrmPagamento : public Page {
   FlagSwitches changer_;
   FlagSwitches banknotes_low_;
   FlagSwitches banknotes_high_;
+  std::vector<SystemControl> system_controls_;
 };
 
 }  // namespace sorvane

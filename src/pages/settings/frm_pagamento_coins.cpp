@@ -2,6 +2,7 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
+#include "board/message.h"
 #include "pages/settings/frm_pagamento.h"
 #include "pages/settings/frm_pagamento_fields.h"
 #include "shell/controls/tab_pages.h"
@@ -10,7 +11,6 @@
 namespace sorvane {
 namespace {
 
-constexpr int kBanknote = 77;  // message
 constexpr int kFirstBanknoteLabel = 21;
 constexpr int kChannelsPerByte = 8;
 
@@ -18,13 +18,14 @@ constexpr int kChannelsPerByte = 8;
 void AddChannels(FlagSwitches& switches, QWidget& tab, int first) {
   for (int i = 0; i < kChannelsPerByte; ++i) {
     const int channel = first + i;
-    switches.Add(tab, {.label = kFirstBanknoteLabel + channel,
-                       .toggle = "SwitchX3",
-                       .index = channel,
-                       .message = kBanknote,
-                       .text = "",
-                       .number = channel + 1,
-                       .mask = 1 << i});
+    switches.Add(tab, {
+                          .label = kFirstBanknoteLabel + channel,
+                          .toggle = "SwitchX3",
+                          .index = channel,
+                          .message = message::kBanknote,
+                          .number = channel + 1,
+                          .mask = 1 << i,
+                      });
   }
 }
 

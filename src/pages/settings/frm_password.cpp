@@ -7,6 +7,7 @@
 #include <numeric>
 
 #include "board/errors.h"
+#include "board/message.h"
 #include "board/numbers.h"
 #include "board/parameter.h"
 #include "board/reply.h"
@@ -17,7 +18,6 @@
 namespace sorvane {
 namespace {
 
-constexpr int kFirstCaption = 17;  // message
 constexpr const char* kTitle = "Password";
 constexpr double kHalfASecond = 0.5;
 constexpr std::chrono::milliseconds kTick{20};
@@ -90,10 +90,9 @@ void FrmPassword::Load() {
 }
 
 void FrmPassword::LoadPageCaptions() {
-  int message = kFirstCaption;
-  for (QLabel* label : {left_, right_, note_}) {
-    SetCaption(*label, Message(message++));
-  }
+  SetCaption(*left_, Message(message::kYes));
+  SetCaption(*right_, Message(message::kNo));
+  SetCaption(*note_, Message(message::kPasswordNote));
 }
 
 void FrmPassword::OnReply(const Reply& reply) {

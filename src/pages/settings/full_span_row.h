@@ -8,11 +8,8 @@ namespace sorvane {
 // A row of numbers of 0 to 65535 on a bar of the full span, which holds a signed 16-bit number. The
 // page's table adds what differs.
 constexpr FieldRow FullSpanRow(FieldRow row) {
-  row.offset = 32768;
-  row.minimum = -32768;
-  row.maximum = 32767;
-  row.large_step = 100;
-  row.highest = 65535;
+  row.positions = {.offset = 32768, .minimum = -32768, .maximum = 32767, .large_step = 100};
+  row.typed.highest = 65535;
   return row;
 }
 
@@ -23,8 +20,8 @@ constexpr FieldRow SelectionRow(FieldRow row) {
   row.numbering = Numbering::kSpaced;
   row.shown = Shown::kAsTheBarTook;
   row.on_enter = OnEnter::kMovesBar;
-  row.start = -32767;
-  row.characters = 6;
+  row.positions.start = -32767;
+  row.typed.characters = 6;
   return row;
 }
 

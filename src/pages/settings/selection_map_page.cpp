@@ -3,6 +3,7 @@
 #include <QGridLayout>
 #include <QLabel>
 
+#include "board/message.h"
 #include "board/numbers.h"
 #include "board/parameter.h"
 #include "board/reply.h"
@@ -14,42 +15,46 @@ namespace sorvane {
 // the 0 until the reply.
 const SelectionMapPage::Constants kFrmTastiColonna = {
     .form = "FrmTastiColonna",
-    .title = 38,
+    .title = message::kKeysTitle,
     .heading = 0,
     .opened_by = 0,
-    .row = {.label = "LabelMess1",
+    .row =
+        {
+            .label = "LabelMess1",
             .text = "Text1",
             .bar = "HScroll1",
             .count = parameter::kSelectionRows,
-            .message = 39,
+            .message = message::kKey,
             .numbering = Numbering::kSpaced,
             .parameter = parameter::kKeyColumns,
             .mirror = parameter::kKeyColumnsMirror,
-            .minimum = 1,
-            .maximum = 10,
-            .highest = 10,
-            .characters = 6}};
+            .positions = {.minimum = 1, .maximum = 10},
+            .typed = {.highest = 10, .characters = 6},
+        },
+};
 
 // The second write of a row goes to the parameter of the row's own number, counted from 0: row 0
 // has none, row 2 lands on the number of selections and row 3 on the option bits. Boards in the
 // field have been living with it.
 const SelectionMapPage::Constants kFrmColonnaProd = {
     .form = "FrmColonnaProd",
-    .title = 41,
-    .heading = 43,
+    .title = message::kColumnsTitle,
+    .heading = message::kProduct,
     .opened_by = option::kEqualProducts,
-    .row = {.label = "LabelMess1",
+    .row =
+        {
+            .label = "LabelMess1",
             .text = "Text1",
             .bar = "HScroll1",
             .count = parameter::kSelectionRows,
-            .message = 42,
+            .message = message::kColumn,
             .numbering = Numbering::kSpaced,
             .parameter = parameter::kColumnProducts,
             .mirror = 0,
-            .minimum = 1,
-            .maximum = 100,
-            .highest = 100,
-            .characters = 6}};
+            .positions = {.minimum = 1, .maximum = 100},
+            .typed = {.highest = 100, .characters = 6},
+        },
+};
 
 namespace {
 

@@ -73,7 +73,7 @@ void SelectionPage::OnReply(const Reply& reply) {
   }
 }
 
-void SelectionPage::OnFieldReply(std::size_t column, Field& field, double raw) {
+void SelectionPage::OnFieldReply(std::size_t column, Field& field, int64_t raw) {
   if (column > 0) {
     // A number without decimals: the page has none from here on, and takes those of the amounts up
     // again when the board answers them once more.

@@ -35,7 +35,7 @@ class SelectionPage : public Page {
  private:
   // The columns side by side; a single one in two halves.
   void LayOut();
-  void OnFieldReply(std::size_t column, Field& field, double raw);
+  void OnFieldReply(std::size_t column, Field& field, int64_t raw);
 
   int title_message_;
   FieldState state_;

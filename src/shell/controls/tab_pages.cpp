@@ -69,8 +69,6 @@ bool TabPages::IsTabOpen(int tab) const {
   return strip_->isTabEnabled(tab);
 }
 
-void TabPages::SetOpen(bool open) { sorvane::SetOpen(*this, open); }
-
 void TabPages::Require(int tab) const {
   if (tab < 0 || tab >= strip_->count()) throw RuntimeError(ErrorCode::kInvalidPropertyValue);
 }

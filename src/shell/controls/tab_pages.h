@@ -35,9 +35,6 @@ class TabPages : public QWidget {
   void SetTabOpen(int tab, bool open);
   bool IsTabOpen(int tab) const;
 
-  // Opens or closes the whole, the controls on all tabs with it, by the rule of focus_keeper.h.
-  void SetOpen(bool open);
-
  protected:
   void paintEvent(QPaintEvent* event) override;
 

@@ -115,14 +115,14 @@ TEST_F(TabPagesTest, ClosingTheTabWithTheFocusLeavesTheFocus) {
 TEST_F(TabPagesTest, ClosedWholeTakesAllContentsAlongAndKeepsTheFrontTab) {
   tabs->SetFront(1);
   fields[1]->setFocus();
-  tabs->SetOpen(false);
+  SetOpen(*tabs, false);
   EXPECT_FALSE(fields[1]->isEnabled());
   EXPECT_EQ(tabs->Front(), 1);
   EXPECT_EQ(QApplication::focusWidget(), &page);
   EXPECT_EQ(fields[1]->text(), "5");
   ClickTab(0);
   EXPECT_EQ(tabs->Front(), 1);
-  tabs->SetOpen(true);
+  SetOpen(*tabs, true);
   EXPECT_TRUE(fields[1]->isEnabled());
 }
 
