@@ -11,7 +11,7 @@
 #include "pages/frm_info.h"
 #include "pages/program_pages.h"
 #include "platform/com_port_path.h"
-#include "shell/qt_timer.h"
+#include "shell/gate/qt_timer.h"
 
 namespace sorvane::bench {
 namespace {

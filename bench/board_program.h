@@ -8,12 +8,12 @@
 #include "bench/program_folder.h"
 #include "board/board_tables.h"
 #include "board/parameter_access.h"
-#include "link/dialogs.h"
 #include "link/frm_ser.h"
 #include "link/link_lamps.h"
+#include "outside/dialogs.h"
 #include "platform/serial_port.h"
-#include "shell/main_frame.h"
-#include "shell/program_gate.h"
+#include "shell/frame/main_frame.h"
+#include "shell/gate/program_gate.h"
 #include "simulator/board_process.h"
 
 class QAction;

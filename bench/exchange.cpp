@@ -13,8 +13,8 @@
 #include "link/link_engine.h"
 #include "platform/com_port_path.h"
 #include "platform/serial_port.h"
-#include "shell/program_gate.h"
-#include "shell/qt_timer.h"
+#include "shell/gate/program_gate.h"
+#include "shell/gate/qt_timer.h"
 
 namespace sorvane::bench {
 namespace {

@@ -20,8 +20,8 @@
 #include "link/link_lamps.h"
 #include "platform/com_port_path.h"
 #include "platform/serial_port.h"
-#include "shell/program_gate.h"
-#include "shell/qt_timer.h"
+#include "shell/gate/program_gate.h"
+#include "shell/gate/qt_timer.h"
 #include "simulator/serial_line.h"
 #include "simulator/simulated_board.h"
 

@@ -60,16 +60,24 @@ function(sorvane_precompile target header)
   endif()
 endfunction()
 
-# Gives a floor an include root of its own, which holds nothing but "<floor>/...": a floor sees the
-# headers of those floors that it links, and a wrong include fails to build.
+# Gives a floor, or a room of one, an include root of its own, which holds nothing but "<floor>/...": it
+# sees the headers of those that it links, and a wrong include fails to build. The room shell/gate is the
+# target sorvane_shell_gate. Without sources it is headers alone.
 function(sorvane_floor floor)
   cmake_parse_arguments(ARG "" "" "SOURCES" ${ARGN})
-  set(root ${CMAKE_BINARY_DIR}/floors/${floor})
-  file(MAKE_DIRECTORY ${root})
+  string(REPLACE / _ name ${floor})
+  set(root ${CMAKE_BINARY_DIR}/floors/${name})
+  cmake_path(GET floor PARENT_PATH parent)
+  file(MAKE_DIRECTORY ${root}/${parent})
   file(CREATE_LINK ${CMAKE_CURRENT_SOURCE_DIR} ${root}/${floor} SYMBOLIC)
-  add_library(sorvane_${floor} STATIC ${ARG_SOURCES})
-  target_include_directories(sorvane_${floor} PUBLIC ${root})
-  sorvane_floor_library(sorvane_${floor})
+  if(ARG_SOURCES)
+    add_library(sorvane_${name} STATIC ${ARG_SOURCES})
+    target_include_directories(sorvane_${name} PUBLIC ${root})
+    sorvane_floor_library(sorvane_${name})
+  else()
+    add_library(sorvane_${name} INTERFACE)
+    target_include_directories(sorvane_${name} INTERFACE ${root})
+  endif()
 endfunction()
 
 # Cases with widgets run on Qt's offscreen platform, which finds no font by itself on Windows.

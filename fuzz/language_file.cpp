@@ -10,9 +10,10 @@
 #include "board/errors.h"
 #include "input.h"
 #include "plain_lines.h"
-#include "shell/language_files.h"
-#include "shell/western_text.h"
 #include "support/index_files.h"
+#include "texts/choices.h"
+#include "texts/language_files.h"
+#include "texts/western_text.h"
 
 namespace sorvane::fuzz {
 namespace {
@@ -139,23 +140,21 @@ void CheckComparing(const std::filesystem::path& folder, const Outcome& expected
 
 void CheckChoosing(const std::filesystem::path& folder, const Texts& in_use,
                    const Outcome& compared) {
-  MessageTable messages;
-  MenuMarks menu;
-  Settings settings;
+  Choices choices(folder / "Sorvane.ini");
+  MenuMarks& menu = choices.marks;
   Require(FindLanguages(folder, menu).size() == 2, "both files are listed");
   menu.smnuLingue[0].checked = true;
   bool fits = false;
-  const Failure failure =
-      FailureOf([&] { fits = ChooseLanguage(1, folder, settings, menu, messages); });
+  const Failure failure = FailureOf([&] { fits = choices.ChooseLanguage(1); });
   // After a refusal the old file is loaded again.
   const Outcome expected = compared.fits ? compared : Load(in_use);
   Require(failure == expected.failure, "a choice fails by a long file only");
   if (failure) return;
   Require(fits == compared.fits, "a choice fits as the comparison does");
-  Require(settings.LanguageName == (fits ? "B" : "A"), "a file that doesn't fit isn't taken");
+  Require(choices.LanguageName == (fits ? "B" : "A"), "a file that doesn't fit isn't taken");
   Require(menu.smnuLingue[fits ? 1 : 0].checked && !menu.smnuLingue[fits ? 0 : 1].checked,
           "the language in use is checked");
-  CheckTable(messages, expected.loaded, "");
+  CheckTable(choices.messages, expected.loaded, "");
 }
 
 void Run(Input input) {

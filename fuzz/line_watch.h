@@ -7,7 +7,7 @@
 #include "board/board_tables.h"
 #include "board/reply.h"
 #include "link/link_state.h"
-#include "link/port.h"
+#include "outside/port.h"
 #include "support/virtual_clock.h"
 
 namespace sorvane::fuzz {

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "board/board_tables.h"
-#include "link/dialogs.h"
+#include "outside/dialogs.h"
 
 // What stands around the connection in the target of the reply stream.
 namespace sorvane::fuzz {

@@ -8,9 +8,9 @@
 #include "board/errors.h"
 #include "input.h"
 #include "plain_lines.h"
-#include "shell/language_files.h"
-#include "shell/settings.h"
 #include "support/index_files.h"
+#include "texts/choices.h"
+#include "texts/language_files.h"
 
 namespace sorvane::fuzz {
 namespace {
@@ -35,16 +35,12 @@ class Program {
 
 // One run of the program, as far as its settings go.
 struct Start {
-  Settings settings;
-  MenuMarks menu;
-  MessageTable messages;
+  Choices choices;
 
-  explicit Start(const Program& program) {
-    Require(ReadSettings(program.File(), settings, menu), "languages are found");
+  explicit Start(const Program& program) : choices(program.File()) {
+    Require(choices.ReadSettings(), "languages are found");
   }
-  void ChooseFirstLanguage(const Program& program) {
-    Require(CeckLingue(program.Folder(), settings, menu, messages), "languages are found again");
-  }
+  void ChooseFirstLanguage() { Require(choices.CeckLingue(), "languages are found again"); }
 };
 
 // What the rules make of a file.
@@ -86,11 +82,12 @@ std::string Written(uint8_t port, const std::string& language) {
 void CheckReading(const Program& program, const Start& start, const std::string& text) {
   const Expected expected = Read(text);
   const bool drops = Drops(program, expected);
-  Require(start.settings.PortNumber == expected.port, "the port is line 1's last character");
+  Require(start.choices.PortNumber == expected.port, "the port is line 1's last character");
   for (int port = 1; port <= MenuMarks::kPorts; ++port) {
-    Require(start.menu.mnuCox(port) == (port == expected.marked), "one port at most is marked");
+    Require(start.choices.marks.mnuCox(port) == (port == expected.marked),
+            "one port at most is marked");
   }
-  Require(start.settings.LanguageName == (drops ? "" : expected.language),
+  Require(start.choices.LanguageName == (drops ? "" : expected.language),
           "a language is kept while ten are there");
   Require(ContentOf(program.File()) == (drops ? Written(expected.port, "") : text),
           "the file is written where a language is dropped, only");
@@ -105,20 +102,21 @@ std::string Loaded(const Program& program, const std::string& named) {
 }
 
 // What the user does before he leaves the program. Returns the port that is saved then.
-uint8_t Choose(const Program& program, Start& start, uint8_t choice) {
+uint8_t Choose(Start& start, uint8_t choice) {
   const uint8_t port = choice / 4;
   if (choice % 4 == 1 && port > 0) {
-    ChooseCox(port, program.File(), start.settings, start.menu);
-    Require(start.menu.mnuUSB == (port > MenuMarks::kPorts), "a high port is the adapter's");
+    start.choices.ChooseCox(port);
+    Require(start.choices.marks.mnuUSB == (port > MenuMarks::kPorts),
+            "a high port is the adapter's");
     return port;
   }
   if (choice % 4 == 2) {
     const auto find = [port] { return "COM" + std::to_string(port); };
-    const bool found = ChooseUsb(find, program.File(), start.settings, start.menu);
-    Require(found && start.menu.mnuUSB, "the adapter is marked");
+    const bool found = start.choices.ChooseUsb(find);
+    Require(found && start.choices.marks.mnuUSB, "the adapter is marked");
     return port;
   }
-  return start.settings.PortNumber;
+  return start.choices.PortNumber;
 }
 
 void Run(Input input) {
@@ -133,26 +131,26 @@ void Run(Input input) {
 
   Start first(program);
   CheckReading(program, first, text);
-  const std::string loaded = Loaded(program, first.settings.LanguageName);
-  first.ChooseFirstLanguage(program);
-  Require(first.settings.LanguageName == loaded, "a language that is listed is loaded");
-  const uint8_t port = Choose(program, first, choice);
-  SaveSettings(program.File(), first.settings, first.menu);
+  const std::string loaded = Loaded(program, first.choices.LanguageName);
+  first.ChooseFirstLanguage();
+  Require(first.choices.LanguageName == loaded, "a language that is listed is loaded");
+  const uint8_t port = Choose(first, choice);
+  first.choices.SaveSettings();
   // The mark of a dropped language stands on an unused entry, behind that of the language loaded.
   const std::string saved = Written(port, loaded);
   Require(ContentOf(program.File()) == saved, "two lines are written");
 
   Start second(program);
   CheckReading(program, second, saved);
-  second.ChooseFirstLanguage(program);
-  SaveSettings(program.File(), second.settings, second.menu);
+  second.ChooseFirstLanguage();
+  second.choices.SaveSettings();
   const std::string again = ContentOf(program.File());
   if (again == saved) return;
   Require(port < 1 || port > MenuMarks::kPorts, "what was saved comes back");
 
   Start third(program);
-  third.ChooseFirstLanguage(program);
-  SaveSettings(program.File(), third.settings, third.menu);
+  third.ChooseFirstLanguage();
+  third.choices.SaveSettings();
   Require(ContentOf(program.File()) == again, "reading and writing comes to rest");
 }
 

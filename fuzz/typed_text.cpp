@@ -6,7 +6,7 @@
 #include <cstdlib>
 #include <limits>
 
-#include "shell/western_text.h"
+#include "texts/western_text.h"
 
 namespace sorvane::fuzz {
 namespace {

@@ -7,7 +7,7 @@
 
 #include "board/errors.h"
 #include "input.h"
-#include "shell/text_entry.h"
+#include "texts/text_entry.h"
 
 // What the targets of the typed texts share: how an input is one, and a second reading of the rules
 // that shares no code with the program.

@@ -15,7 +15,7 @@ LONGEST_SOURCE = 500
 # Qt signals enter the program's code through one guard. The serial device stands below the shell; its
 # port is handed a way in of its own.
 RAW_CONNECT = re.compile(r"\bconnect\s*\(|\bconnectSlotsByName\b|\bSLOT\s*\(")
-MAY_CONNECT = {"src/shell/guarded_connect.h", "src/platform/serial_port_windows.cpp"}
+MAY_CONNECT = {"src/shell/gate/guarded_connect.h", "src/platform/serial_port_windows.cpp"}
 
 # The program's tables, its link and its pages live on the one event thread.
 THREAD = re.compile(r"\bstd::(thread|jthread|async)\b|#include <(thread|future)>|\.detach\s*\(|"

@@ -7,13 +7,13 @@
 #include <string>
 
 #include "board/board_tables.h"
-#include "link/dialogs.h"
 #include "link/link_engine.h"
 #include "link/link_lamps.h"
 #include "link/link_state.h"
-#include "link/port.h"
 #include "link/sweep.h"
-#include "link/timer.h"
+#include "outside/dialogs.h"
+#include "outside/port.h"
+#include "outside/timer.h"
 
 namespace sorvane {
 

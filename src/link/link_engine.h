@@ -6,8 +6,8 @@
 #include "board/board_tables.h"
 #include "link/link_lamps.h"
 #include "link/link_state.h"
-#include "link/port.h"
-#include "link/timer.h"
+#include "outside/port.h"
+#include "outside/timer.h"
 
 namespace sorvane {
 

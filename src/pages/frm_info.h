@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/child_form.h"
+#include "shell/page/child_form.h"
 
 namespace sorvane {
 

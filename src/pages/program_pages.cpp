@@ -25,8 +25,8 @@ std::unique_ptr<ChildForm> Make(const PageServices& services) {
 
 // A page whose class serves several forms, each with constants of its own.
 template <typename Form>
-PageRow RowOf(const char* menu_entry, const typename Form::Constants& constants) {
-  return {menu_entry, constants.form, [&constants](const PageServices& services) {
+PageRow RowOf(MenuEntry entry, const typename Form::Constants& constants) {
+  return {entry, constants.form, [&constants](const PageServices& services) {
             return std::make_unique<Form>(services, constants);
           }};
 }
@@ -37,20 +37,22 @@ std::vector<PageRow> ProgramPages(const QString& title, const Version& version) 
   const auto make_info = [title, version](const PageServices&) {
     return std::make_unique<FrmInfo>(title, version);
   };
-  return {{"MnuPassword", "FrmPassword", Make<FrmPassword>},
-          {"MnuImpostazioni", "FrmImposta", Make<FrmImposta>},
-          {"MnuPrezzi", "FrmPrezzi", Make<FrmPrezzi>},
-          {"MnuSconti", "FrmSconti", Make<FrmSconti>},
-          RowOf<SelectionMapPage>("Mnutasti", kFrmTastiColonna),
-          RowOf<SelectionMapPage>("MnuColonne", kFrmColonnaProd),
-          {"MnuPagamento", "FrmPagamento", Make<FrmPagamento>},
-          {"MnuOrologio", "FrmOrologio", Make<FrmOrologio>},
-          {"MnuTotali", "FrmTotali", Make<FrmTotali>},
-          {"MnuContatori", "FrmContatori", Make<FrmContatori>},
-          RowOf<ChannelPage>("MnuMonete", kFrmMonete),
-          RowOf<ChannelPage>("MnuBanconote", kFrmBanconote),
-          {"MnuAllarmi", "FrmAllarmi", Make<FrmAllarmi>},
-          {"mnuVer", "FrmInfo", make_info}};
+  return {
+      {MenuEntry::kPassword, "FrmPassword", Make<FrmPassword>},
+      {MenuEntry::kSettings, "FrmImposta", Make<FrmImposta>},
+      {MenuEntry::kPrices, "FrmPrezzi", Make<FrmPrezzi>},
+      {MenuEntry::kDiscounts, "FrmSconti", Make<FrmSconti>},
+      RowOf<SelectionMapPage>(MenuEntry::kKeys, kFrmTastiColonna),
+      RowOf<SelectionMapPage>(MenuEntry::kColumns, kFrmColonnaProd),
+      {MenuEntry::kPayment, "FrmPagamento", Make<FrmPagamento>},
+      {MenuEntry::kClock, "FrmOrologio", Make<FrmOrologio>},
+      {MenuEntry::kTotals, "FrmTotali", Make<FrmTotali>},
+      {MenuEntry::kCounters, "FrmContatori", Make<FrmContatori>},
+      RowOf<ChannelPage>(MenuEntry::kCoins, kFrmMonete),
+      RowOf<ChannelPage>(MenuEntry::kBanknotes, kFrmBanconote),
+      {MenuEntry::kAlarms, "FrmAllarmi", Make<FrmAllarmi>},
+      {MenuEntry::kInfo, "FrmInfo", make_info},
+  };
 }
 
 }  // namespace sorvane

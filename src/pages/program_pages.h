@@ -3,7 +3,7 @@
 #include <QString>
 #include <vector>
 
-#include "shell/page_row.h"
+#include "shell/frame/page_row.h"
 
 namespace sorvane {
 

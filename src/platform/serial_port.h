@@ -4,7 +4,7 @@
 #include <functional>
 #include <memory>
 
-#include "link/port.h"
+#include "outside/port.h"
 
 namespace sorvane {
 

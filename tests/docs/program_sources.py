@@ -41,16 +41,14 @@ def messages(language):
 def pages():
     """The form of each page with its menu entry, as the program lists them."""
     text = _read("pages", "program_pages.cpp")
-    rows = re.findall(r'\{"(\w+)",\s*"(Frm\w+)"', text)
-    rows += re.findall(r'RowOf<\w+>\("(\w+)",\s*k(Frm\w+)\)', text)
+    rows = re.findall(r'\{MenuEntry::(\w+),\s*"(Frm\w+)"', text)
+    rows += re.findall(r'RowOf<\w+>\(MenuEntry::(\w+),\s*k(Frm\w+)\)', text)
     return {form: entry for entry, form in rows}
 
 
 def page_rows():
     """How many rows of pages the program has, counted in another way."""
-    text = _read("pages", "program_pages.cpp")
-    body = text[text.index("ProgramPages("):]
-    return len(re.findall(r'"(?:M|m)nu\w+"', body))
+    return _read("pages", "program_pages.cpp").count("MenuEntry::")
 
 
 @dataclasses.dataclass(frozen=True)
@@ -60,12 +58,21 @@ class MenuRow:
     message: int
 
 
+def _value(fields, pattern, missing=""):
+    found = re.search(pattern, fields)
+    return found[1] if found else missing
+
+
 def menu():
-    """The rows of the menu by the names of their entries."""
-    rows = re.findall(r'\{"([^"]+)", "([^"]*)", "([^"]*)", Kind::\w+, \w+, (\d+)\}',
-                      _read("shell", "main_menu.cpp"))
-    return {name: MenuRow(caption, parent, int(message))
-            for name, caption, parent, message in rows}
+    """The rows of the menu by their entries."""
+    numbers = dict(re.findall(r"\b(k\w+) = (\d+);", _read("board", "message.h")))
+    text = _read("shell", "frame", "main_menu.cpp")
+    rows = re.findall(r"\.entry = MenuEntry::(\w+),(.*?)\}", text, re.DOTALL)
+    return {entry: MenuRow(_value(fields, r'\.caption = "([^"]*)"'),
+                           _value(fields, r"\.parent = MenuEntry::(\w+)"),
+                           int(numbers[_value(fields, r"message::(\w+)")])
+                           if "message::" in fields else 0)
+            for entry, fields in rows}
 
 
 def menu_path(entry, lines):
@@ -137,4 +144,4 @@ def error_words():
 
 def error_reports():
     """How the report of an error begins."""
-    return sorted(set(re.findall(r'"(Run-time error)', _read("shell", "program_gate.cpp"))))
+    return sorted(set(re.findall(r'"(Run-time error)', _read("shell", "gate", "program_gate.cpp"))))

@@ -2,7 +2,7 @@
 #include <ostream>
 
 #include "pages/page_tests.h"
-#include "shell/child_form.h"
+#include "shell/page/child_form.h"
 
 namespace sorvane::test {
 namespace {

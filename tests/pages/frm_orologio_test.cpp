@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "pages/orologio_page.h"
-#include "shell/child_form.h"
+#include "shell/page/child_form.h"
 
 namespace sorvane::test {
 namespace {

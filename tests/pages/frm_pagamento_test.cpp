@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "pages/pagamento_page.h"
-#include "shell/child_form.h"
+#include "shell/page/child_form.h"
 
 namespace sorvane::test {
 namespace {

@@ -6,7 +6,7 @@
 #include <QLineEdit>
 #include <QTest>
 
-#include "shell/child_form.h"
+#include "shell/page/child_form.h"
 #include "shell/program.h"
 
 namespace sorvane::test {

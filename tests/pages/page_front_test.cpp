@@ -8,7 +8,7 @@
 #include <QMenu>
 #include <QTest>
 
-#include "shell/child_form.h"
+#include "shell/page/child_form.h"
 #include "shell/program.h"
 
 // Fields of a page that another page covers.

@@ -18,12 +18,12 @@
 #include <iterator>
 #include <stdexcept>
 
-#include "shell/child_form.h"
 #include "shell/controls/bar.h"
 #include "shell/controls/entry_box.h"
 #include "shell/controls/painted_control.h"
 #include "shell/controls/record_list.h"
 #include "shell/controls/tab_pages.h"
+#include "shell/page/child_form.h"
 #include "shell/program.h"
 
 // How the pages look in the shipped languages: the texts that stand on them are measured by the

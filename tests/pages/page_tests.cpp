@@ -9,7 +9,7 @@
 #include <QVariant>
 #include <algorithm>
 
-#include "shell/child_form.h"
+#include "shell/page/child_form.h"
 
 namespace sorvane::test {
 namespace {

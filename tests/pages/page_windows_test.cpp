@@ -4,7 +4,7 @@
 #include <QEvent>
 #include <QLabel>
 
-#include "shell/child_form.h"
+#include "shell/page/child_form.h"
 #include "shell/program.h"
 
 // What all pages have in common as windows of the frame.

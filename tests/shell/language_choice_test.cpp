@@ -5,7 +5,7 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 
-#include "shell/child_form.h"
+#include "shell/page/child_form.h"
 #include "shell/program.h"
 
 namespace sorvane::test {

@@ -10,7 +10,7 @@
 
 #include "board/errors.h"
 #include "link/frm_ser.h"
-#include "shell/child_form.h"
+#include "shell/page/child_form.h"
 #include "shell/program.h"
 #include "support/unwritable_file.h"
 

@@ -6,7 +6,7 @@
 #include <memory>
 #include <utility>
 
-#include "shell/child_form.h"
+#include "shell/page/child_form.h"
 #include "shell/program.h"
 
 namespace sorvane::test {
@@ -32,7 +32,7 @@ class HostedForms : public testing::Test {
  protected:
   HostedForms() { program.Connect(); }
 
-  PageRow Row(const char* entry, const char* name) {
+  PageRow Row(MenuEntry entry, const char* name) {
     return {entry, name,
             [this, name](const PageServices&) { return std::make_unique<NotingForm>(name, told); }};
   }
@@ -43,7 +43,7 @@ class HostedForms : public testing::Test {
   QStringList Told() { return std::exchange(told, {}); }
 
   QStringList told;
-  Program program{{.pages = {Row("MnuPassword", "A"), Row("MnuPrezzi", "B")}}};
+  Program program{{.pages = {Row(MenuEntry::kPassword, "A"), Row(MenuEntry::kPrices, "B")}}};
 };
 
 TEST_F(HostedForms, AreToldWhenTheyComeToTheFrontAndWhenAnotherOneDoes) {

@@ -1,8 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "shell/file_list.h"
 #include "shell/plain_files.h"
+#include "texts/file_list.h"
 
 namespace sorvane {
 namespace {

@@ -6,16 +6,16 @@
 
 #include <cstdlib>
 
-#include "shell/language_files.h"
-#include "shell/line_reader.h"
 #include "shell/plain_errors.h"
 #include "shell/plain_files.h"
-#include "shell/save_file.h"
-#include "shell/settings.h"
 #include "support/least_rights.h"
 #include "support/scarce_memory.h"
 #include "support/unwritable_file.h"
 #include "support/watched_pipe.h"
+#include "texts/choices.h"
+#include "texts/language_files.h"
+#include "texts/line_reader.h"
+#include "texts/save_file.h"
 
 // Files that Windows doesn't have: pipes, devices, links, and rights by mode.
 namespace sorvane {
@@ -82,11 +82,10 @@ TEST(SettingsKinds, AFileWithoutEndReadsAsFarAsItsSecondLine) {
   WriteText(folder, "A.lng", "");
   WriteText(folder, "Sorvane.ini", "Com=3\r\nLingua=\r\n");
   fs::resize_file(folder.Path() / "Sorvane.ini", kEndless);
-  Settings settings;
-  MenuMarks menu;
+  Choices choices(folder.Path() / "Sorvane.ini");
   const test::ScarceMemory memory(kEndless / 64);
-  EXPECT_TRUE(ReadSettings(folder.Path() / "Sorvane.ini", settings, menu));
-  EXPECT_EQ(settings.PortNumber, 3);
+  EXPECT_TRUE(choices.ReadSettings());
+  EXPECT_EQ(choices.PortNumber, 3);
 }
 
 TEST(SaveFileKinds, APipeIsNeverOpened) {

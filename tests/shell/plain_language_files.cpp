@@ -1,9 +1,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "shell/language_files.h"
 #include "shell/plain_errors.h"
 #include "shell/plain_files.h"
+#include "texts/choices.h"
+#include "texts/language_files.h"
 
 namespace sorvane {
 namespace {
@@ -33,117 +34,118 @@ class LanguageFilesTest : public ::testing::Test {
   bool Compare(const std::string& in_use, const std::string& chosen) {
     Write("Old", in_use);
     Write("New", chosen);
-    return CompareLanguageFiles(folder_.Path(), "Old.lng", "New.lng", messages_);
+    return CompareLanguageFiles(folder_.Path(), "Old.lng", "New.lng", choices_.messages);
   }
 
-  bool Start() { return CeckLingue(folder_.Path(), settings_, menu_, messages_); }
-  bool Choose(int i) { return ChooseLanguage(i, folder_.Path(), settings_, menu_, messages_); }
+  bool Start() { return choices_.CeckLingue(); }
+  bool Choose(int i) { return choices_.ChooseLanguage(i); }
 
   std::vector<int> Checked() const {
     std::vector<int> checked;
     for (int i = 0; i < MenuMarks::kLanguages; ++i) {
-      if (menu_.smnuLingue[static_cast<std::size_t>(i)].checked) checked.push_back(i);
+      if (choices_.marks.smnuLingue[static_cast<std::size_t>(i)].checked) checked.push_back(i);
     }
     return checked;
   }
 
   std::vector<std::string> Captions() const {
     std::vector<std::string> captions;
-    for (const MenuMarks::Language& entry : menu_.smnuLingue) captions.push_back(entry.caption);
+    for (const MenuMarks::Language& entry : choices_.marks.smnuLingue)
+      captions.push_back(entry.caption);
     return captions;
   }
 
   int CountVisible() const {
     int count = 0;
-    for (const MenuMarks::Language& entry : menu_.smnuLingue) count += entry.visible ? 1 : 0;
+    for (const MenuMarks::Language& entry : choices_.marks.smnuLingue)
+      count += entry.visible ? 1 : 0;
     return count;
   }
 
   TempFolder folder_;
-  Settings settings_;
-  MenuMarks menu_;
-  MessageTable messages_;
+  Choices choices_{folder_.Path() / "Sorvane.ini"};
 };
 
 using MessageTableTest = LanguageFilesTest;
 
 TEST_F(MessageTableTest, HasTheElements0To1000) {
-  messages_[0] = "first";
-  messages_[1000] = "last";
-  EXPECT_EQ(messages_[0], "first");
-  EXPECT_EQ(messages_[1000], "last");
+  choices_.messages[0] = "first";
+  choices_.messages[1000] = "last";
+  EXPECT_EQ(choices_.messages[0], "first");
+  EXPECT_EQ(choices_.messages[1000], "last");
 }
 
 TEST_F(MessageTableTest, IsEmptyAtTheStart) {
-  for (int n = 0; n <= 1000; ++n) EXPECT_EQ(messages_[n], "") << n;
+  for (int n = 0; n <= 1000; ++n) EXPECT_EQ(choices_.messages[n], "") << n;
 }
 
 TEST_F(MessageTableTest, Element1001IsASubscriptError) {
-  EXPECT_EQ(ErrorOf([&] { messages_[1001]; }), ErrorCode::kSubscriptOutOfRange);
+  EXPECT_EQ(ErrorOf([&] { choices_.messages[1001]; }), ErrorCode::kSubscriptOutOfRange);
 }
 
 TEST_F(MessageTableTest, ANegativeElementIsASubscriptError) {
-  EXPECT_EQ(ErrorOf([&] { std::as_const(messages_)[-1]; }), ErrorCode::kSubscriptOutOfRange);
+  EXPECT_EQ(ErrorOf([&] { std::as_const(choices_.messages)[-1]; }),
+            ErrorCode::kSubscriptOutOfRange);
 }
 
 TEST_F(LanguageFilesTest, LineNIsMessageNBlanksMarksAndAll) {
   Write("A", " one \r\n\r\n;--mark\r\nfour & more");
-  LoadLanguageFile(folder_.Path(), "A.lng", messages_);
-  EXPECT_EQ(messages_[0], "");
-  EXPECT_EQ(messages_[1], " one ");
-  EXPECT_EQ(messages_[2], "");
-  EXPECT_EQ(messages_[3], ";--mark");
-  EXPECT_EQ(messages_[4], "four & more");
-  EXPECT_EQ(messages_[5], "");
+  LoadLanguageFile(folder_.Path(), "A.lng", choices_.messages);
+  EXPECT_EQ(choices_.messages[0], "");
+  EXPECT_EQ(choices_.messages[1], " one ");
+  EXPECT_EQ(choices_.messages[2], "");
+  EXPECT_EQ(choices_.messages[3], ";--mark");
+  EXPECT_EQ(choices_.messages[4], "four & more");
+  EXPECT_EQ(choices_.messages[5], "");
 }
 
 TEST_F(LanguageFilesTest, ElementsBeyondTheFileKeepWhatTheyHeld) {
-  messages_[3] = "kept";
+  choices_.messages[3] = "kept";
   Write("A", "one\r\ntwo\r\n");
-  LoadLanguageFile(folder_.Path(), "A.lng", messages_);
-  EXPECT_EQ(messages_[2], "two");
-  EXPECT_EQ(messages_[3], "kept");
+  LoadLanguageFile(folder_.Path(), "A.lng", choices_.messages);
+  EXPECT_EQ(choices_.messages[2], "two");
+  EXPECT_EQ(choices_.messages[3], "kept");
 }
 
 TEST_F(LanguageFilesTest, AThousandLinesAreLoaded) {
   std::string text;
   for (int n = 1; n <= 1000; ++n) text += "line " + std::to_string(n) + "\r\n";
   Write("A", text);
-  LoadLanguageFile(folder_.Path(), "A.lng", messages_);
-  EXPECT_EQ(messages_[1000], "line 1000");
+  LoadLanguageFile(folder_.Path(), "A.lng", choices_.messages);
+  EXPECT_EQ(choices_.messages[1000], "line 1000");
 }
 
 TEST_F(LanguageFilesTest, Line1001IsASubscriptError) {
   std::string text;
   for (int n = 1; n <= 1001; ++n) text += "x\n";
   Write("A", text);
-  EXPECT_EQ(ErrorOf([&] { LoadLanguageFile(folder_.Path(), "A.lng", messages_); }),
+  EXPECT_EQ(ErrorOf([&] { LoadLanguageFile(folder_.Path(), "A.lng", choices_.messages); }),
             ErrorCode::kSubscriptOutOfRange);
 }
 
 TEST_F(LanguageFilesTest, ALineWithoutEndOverflowsWithTheLinesBeforeItLoaded) {
   Write("A", "one\r\n" + std::string(10001, 'x'));
-  EXPECT_EQ(ErrorOf([&] { LoadLanguageFile(folder_.Path(), "A.lng", messages_); }),
+  EXPECT_EQ(ErrorOf([&] { LoadLanguageFile(folder_.Path(), "A.lng", choices_.messages); }),
             ErrorCode::kOverflow);
-  EXPECT_EQ(messages_[1], "one");
-  EXPECT_EQ(messages_[2], "");
+  EXPECT_EQ(choices_.messages[1], "one");
+  EXPECT_EQ(choices_.messages[2], "");
 }
 
 TEST_F(LanguageFilesTest, ALineWithoutEndBehindTheEndOfTheFileInUseIsNotRead) {
   EXPECT_TRUE(Compare("one\r\n", "ONE\r\n" + std::string(10001, 'x')));
-  EXPECT_EQ(messages_[1], "ONE");
+  EXPECT_EQ(choices_.messages[1], "ONE");
 }
 
 TEST_F(LanguageFilesTest, AMissingFileIsAnError) {
-  EXPECT_EQ(ErrorOf([&] { LoadLanguageFile(folder_.Path(), "A.lng", messages_); }),
+  EXPECT_EQ(ErrorOf([&] { LoadLanguageFile(folder_.Path(), "A.lng", choices_.messages); }),
             ErrorCode::kFileNotFound);
 }
 
 TEST_F(LanguageFilesTest, FilesOfEqualMarksFit) {
   EXPECT_TRUE(Compare(";--a\r\nold\r\n;--b\r\n", ";--a\r\nnew\r\n;--b\r\n"));
-  EXPECT_EQ(messages_[1], ";--a");
-  EXPECT_EQ(messages_[2], "new");
-  EXPECT_EQ(messages_[3], ";--b");
+  EXPECT_EQ(choices_.messages[1], ";--a");
+  EXPECT_EQ(choices_.messages[2], "new");
+  EXPECT_EQ(choices_.messages[3], ";--b");
 }
 
 TEST_F(LanguageFilesTest, AFileLongerThanTheOneInUseFits) {
@@ -151,27 +153,27 @@ TEST_F(LanguageFilesTest, AFileLongerThanTheOneInUseFits) {
 }
 
 TEST_F(LanguageFilesTest, LinesBehindTheEndOfTheFileInUseAreNotLoaded) {
-  messages_[2] = "kept";
+  choices_.messages[2] = "kept";
   Compare("one\r\n", "ONE\r\nTWO\r\n");
-  EXPECT_EQ(messages_[1], "ONE");
-  EXPECT_EQ(messages_[2], "kept");
+  EXPECT_EQ(choices_.messages[1], "ONE");
+  EXPECT_EQ(choices_.messages[2], "kept");
 }
 
 TEST_F(LanguageFilesTest, AMarkOfDifferentTextFits) {
   EXPECT_TRUE(Compare(";--settings\r\n", ";--impostazioni\r\n"));
-  EXPECT_EQ(messages_[1], ";--impostazioni");
+  EXPECT_EQ(choices_.messages[1], ";--impostazioni");
 }
 
 TEST_F(LanguageFilesTest, AMarkThatTheFileInUseLacksFits) {
   EXPECT_TRUE(Compare("one\r\n", ";--one\r\n"));
-  EXPECT_EQ(messages_[1], ";--one");
+  EXPECT_EQ(choices_.messages[1], ";--one");
 }
 
 TEST_F(LanguageFilesTest, AMissingMarkIsRefusedWithTheLinesBeforeItLoaded) {
-  messages_[2] = "kept";
+  choices_.messages[2] = "kept";
   EXPECT_FALSE(Compare("one\r\n;--mark\r\nthree\r\n", "ONE\r\ntwo\r\n;--mark\r\n"));
-  EXPECT_EQ(messages_[1], "ONE");
-  EXPECT_EQ(messages_[2], "kept");
+  EXPECT_EQ(choices_.messages[1], "ONE");
+  EXPECT_EQ(choices_.messages[2], "kept");
 }
 
 TEST_F(LanguageFilesTest, TwoCharactersOfAMarkAreNone) {
@@ -184,41 +186,41 @@ TEST_F(LanguageFilesTest, AMarkStandsAtTheBeginningOfItsLine) {
 
 TEST_F(LanguageFilesTest, AShorterFileIsRefused) {
   EXPECT_FALSE(Compare("one\r\ntwo\r\n", "ONE\r\n"));
-  EXPECT_EQ(messages_[1], "ONE");
+  EXPECT_EQ(choices_.messages[1], "ONE");
 }
 
 TEST_F(LanguageFilesTest, ComparingWithAMissingFileIsAnError) {
   Write("A", "one\r\n");
   const auto compare = [&](const char* in_use, const char* chosen) {
-    CompareLanguageFiles(folder_.Path(), in_use, chosen, messages_);
+    CompareLanguageFiles(folder_.Path(), in_use, chosen, choices_.messages);
   };
   EXPECT_EQ(ErrorOf([&] { compare("A.lng", "B.lng"); }), ErrorCode::kFileNotFound);
   EXPECT_EQ(ErrorOf([&] { compare("B.lng", "A.lng"); }), ErrorCode::kFileNotFound);
-  EXPECT_EQ(messages_[1], "");
+  EXPECT_EQ(choices_.messages[1], "");
 }
 
 TEST_F(LanguageFilesTest, TheMenuShowsTheBaseNamesOfTheFiles) {
   Write("Italiano", "");
   Write("English", "");
-  FindLanguages(folder_.Path(), menu_);
+  FindLanguages(folder_.Path(), choices_.marks);
   EXPECT_THAT(Captions(), ElementsAre("English", "Italiano", "", "", "", "", "", "", "", ""));
   EXPECT_EQ(CountVisible(), 2);
 }
 
 TEST_F(LanguageFilesTest, ElevenFilesListTenLanguages) {
   WriteLanguages(11);
-  FindLanguages(folder_.Path(), menu_);
+  FindLanguages(folder_.Path(), choices_.marks);
   EXPECT_EQ(CountVisible(), 10);
 }
 
 TEST_F(LanguageFilesTest, TheFirstTenNamesAreListed) {
   for (const char* name : {"k", "J", "i", "H", "g", "F", "e", "D", "c", "B", "a"}) Write(name, "");
-  FindLanguages(folder_.Path(), menu_);
+  FindLanguages(folder_.Path(), choices_.marks);
   EXPECT_THAT(Captions(), ElementsAre("a", "B", "c", "D", "e", "F", "g", "H", "i", "J"));
 }
 
 TEST_F(LanguageFilesTest, WithoutFilesOnlyTheEmptyFirstEntryShows) {
-  EXPECT_THAT(FindLanguages(folder_.Path(), menu_), IsEmpty());
+  EXPECT_THAT(FindLanguages(folder_.Path(), choices_.marks), IsEmpty());
   EXPECT_THAT(Captions(), Each(""));
   EXPECT_EQ(CountVisible(), 1);
 }
@@ -231,56 +233,56 @@ TEST_F(LanguageFilesTest, StartWithoutLanguageFilesFails) {
 TEST_F(LanguageFilesTest, StartWithoutANameTakesTheFirstLanguage) {
   WriteLanguages(3);
   EXPECT_TRUE(Start());
-  EXPECT_EQ(messages_[1], "A");
-  EXPECT_EQ(settings_.LanguageName, "A");
+  EXPECT_EQ(choices_.messages[1], "A");
+  EXPECT_EQ(choices_.LanguageName, "A");
   EXPECT_THAT(Checked(), ElementsAre(0));
 }
 
 TEST_F(LanguageFilesTest, StartLoadsTheNamedLanguageAndChecksItsEntry) {
   WriteLanguages(3);
-  settings_.LanguageName = "C";
+  choices_.LanguageName = "C";
   EXPECT_TRUE(Start());
-  EXPECT_EQ(messages_[1], "C");
-  EXPECT_EQ(settings_.LanguageName, "C");
+  EXPECT_EQ(choices_.messages[1], "C");
+  EXPECT_EQ(choices_.LanguageName, "C");
   EXPECT_THAT(Checked(), ElementsAre(2));
 }
 
 TEST_F(LanguageFilesTest, StartWithAnUnknownNameTakesTheFirstLanguage) {
   WriteLanguages(3);
-  settings_.LanguageName = "Z";
+  choices_.LanguageName = "Z";
   Start();
-  EXPECT_EQ(settings_.LanguageName, "A");
+  EXPECT_EQ(choices_.LanguageName, "A");
   EXPECT_THAT(Checked(), ElementsAre(0));
 }
 
 TEST_F(LanguageFilesTest, ANameInOtherCaseIsUnknown) {
   WriteLanguages(3);
-  settings_.LanguageName = "b";
+  choices_.LanguageName = "b";
   Start();
-  EXPECT_EQ(settings_.LanguageName, "A");
+  EXPECT_EQ(choices_.LanguageName, "A");
 }
 
 TEST_F(LanguageFilesTest, TheLanguageOfEntry8IsRestored) {
   WriteLanguages(10);
-  settings_.LanguageName = "I";
+  choices_.LanguageName = "I";
   Start();
-  EXPECT_EQ(messages_[1], "I");
+  EXPECT_EQ(choices_.messages[1], "I");
   EXPECT_THAT(Checked(), ElementsAre(8));
 }
 
 TEST_F(LanguageFilesTest, TheLanguageOfEntry9IsNotRestored) {
   WriteLanguages(10);
-  settings_.LanguageName = "J";
+  choices_.LanguageName = "J";
   Start();
-  EXPECT_EQ(messages_[1], "A");
-  EXPECT_EQ(settings_.LanguageName, "A");
+  EXPECT_EQ(choices_.messages[1], "A");
+  EXPECT_EQ(choices_.LanguageName, "A");
   EXPECT_THAT(Checked(), ElementsAre(0));
 }
 
 TEST_F(LanguageFilesTest, TheFirstFileIsLoadedUnderTheNameThatItHas) {
   WriteText(folder_, "A.LNG", "upper\r\n");
   Start();
-  EXPECT_EQ(messages_[1], "upper");
+  EXPECT_EQ(choices_.messages[1], "upper");
 }
 
 TEST_F(LanguageFilesTest, ALanguageWithItsExtensionInOtherCaseCanBeChosen) {
@@ -288,15 +290,15 @@ TEST_F(LanguageFilesTest, ALanguageWithItsExtensionInOtherCaseCanBeChosen) {
   WriteText(folder_, "B.LNG", "upper\r\n");
   Start();
   EXPECT_TRUE(Choose(1));
-  EXPECT_EQ(messages_[1], "upper");
+  EXPECT_EQ(choices_.messages[1], "upper");
 }
 
 TEST_F(LanguageFilesTest, AChosenLanguageThatFitsIsLoadedAndChecked) {
   WriteLanguages(3);
   Start();
   EXPECT_TRUE(Choose(1));
-  EXPECT_EQ(messages_[1], "B");
-  EXPECT_EQ(settings_.LanguageName, "B");
+  EXPECT_EQ(choices_.messages[1], "B");
+  EXPECT_EQ(choices_.LanguageName, "B");
   EXPECT_THAT(Checked(), ElementsAre(1));
 }
 
@@ -321,25 +323,25 @@ TEST_F(RefusedLanguageTest, TheCheckMarkGoesBackToTheOldLanguage) {
   EXPECT_THAT(Checked(), ElementsAre(0));
 }
 
-TEST_F(RefusedLanguageTest, TheOldLanguageIsLoadedAgain) { EXPECT_EQ(messages_[1], "one"); }
+TEST_F(RefusedLanguageTest, TheOldLanguageIsLoadedAgain) { EXPECT_EQ(choices_.messages[1], "one"); }
 
-TEST_F(RefusedLanguageTest, LanguageNameIsTheOldOne) { EXPECT_EQ(settings_.LanguageName, "A"); }
+TEST_F(RefusedLanguageTest, LanguageNameIsTheOldOne) { EXPECT_EQ(choices_.LanguageName, "A"); }
 
 TEST_F(LanguageFilesTest, OfSeveralCheckedEntriesTheLastIsTheOneInUse) {
   WriteLanguages(2);
   Write("C", "C\r\n;--mark\r\n");
-  FindLanguages(folder_.Path(), menu_);
-  menu_.smnuLingue[0].checked = true;
-  menu_.smnuLingue[2].checked = true;
+  FindLanguages(folder_.Path(), choices_.marks);
+  choices_.marks.smnuLingue[0].checked = true;
+  choices_.marks.smnuLingue[2].checked = true;
   EXPECT_FALSE(Choose(1));
-  EXPECT_EQ(settings_.LanguageName, "C");
+  EXPECT_EQ(choices_.LanguageName, "C");
   EXPECT_THAT(Checked(), ElementsAre(2));
 }
 
 TEST_F(LanguageFilesTest, AMarkOnAnUnusedEntryEndsTheFirstChoiceInFileNotFound) {
   WriteLanguages(2);
   WriteText(folder_, "Sorvane.ini", "Com=1\r\nLingua=B\r\n");
-  ASSERT_TRUE(ReadSettings(folder_.Path() / "Sorvane.ini", settings_, menu_));
+  ASSERT_TRUE(choices_.ReadSettings());
   ASSERT_TRUE(Start());
   EXPECT_THAT(Checked(), ElementsAre(0, 2));
   EXPECT_EQ(ErrorOf([&] { Choose(1); }), ErrorCode::kFileNotFound);

@@ -1,9 +1,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "shell/line_reader.h"
 #include "shell/plain_errors.h"
 #include "shell/plain_files.h"
+#include "texts/line_reader.h"
 
 namespace sorvane {
 namespace {

@@ -3,8 +3,8 @@
 
 #include "shell/plain_errors.h"
 #include "shell/plain_files.h"
-#include "shell/save_file.h"
 #include "support/unwritable_file.h"
+#include "texts/save_file.h"
 
 namespace sorvane {
 namespace {

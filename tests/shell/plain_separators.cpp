@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <string>
 
-#include "shell/text_entry.h"
-#include "shell/western_text.h"
+#include "texts/text_entry.h"
+#include "texts/western_text.h"
 
 // Numbers in all locales that there are.
 namespace sorvane {

@@ -1,10 +1,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "shell/language_files.h"
 #include "shell/plain_errors.h"
 #include "shell/plain_files.h"
-#include "shell/settings.h"
+#include "texts/choices.h"
 
 namespace sorvane {
 namespace {
@@ -28,7 +27,7 @@ class SettingsTest : public ::testing::Test {
     }
   }
 
-  bool Read() { return ReadSettings(Path(), settings_, menu_); }
+  bool Read() { return choices_.ReadSettings(); }
 
   void ReadFrom(const std::string& text) {
     WriteText(folder_, kSettingsFile, text);
@@ -39,16 +38,15 @@ class SettingsTest : public ::testing::Test {
   // The program is left and started again.
   void Restart() {
     Save();
-    settings_ = Settings();
-    menu_ = MenuMarks();
+    choices_ = Choices(Path());
     EXPECT_TRUE(Read());
-    EXPECT_TRUE(CeckLingue(folder_.Path(), settings_, menu_, messages_));
+    EXPECT_TRUE(choices_.CeckLingue());
   }
 
-  void Save() { SaveSettings(Path(), settings_, menu_); }
-  void ChoosePort(uint8_t i) { ChooseCox(i, Path(), settings_, menu_); }
+  void Save() { choices_.SaveSettings(); }
+  void ChoosePort(uint8_t i) { choices_.ChooseCox(i); }
   bool ChooseAdapter(const std::string& name) {
-    return ChooseUsb([&] { return name; }, Path(), settings_, menu_);
+    return choices_.ChooseUsb([&] { return name; });
   }
 
   std::filesystem::path Path() const { return folder_.Path() / kSettingsFile; }
@@ -58,37 +56,35 @@ class SettingsTest : public ::testing::Test {
   std::vector<int> CheckedPorts() {
     std::vector<int> checked;
     for (int i = 1; i <= 4; ++i) {
-      if (menu_.mnuCox(i)) checked.push_back(i);
+      if (choices_.marks.mnuCox(i)) checked.push_back(i);
     }
-    if (menu_.mnuUSB) checked.push_back(0);
+    if (choices_.marks.mnuUSB) checked.push_back(0);
     return checked;
   }
 
   std::vector<std::size_t> CheckedLanguages() const {
     std::vector<std::size_t> checked;
-    for (std::size_t i = 0; i < menu_.smnuLingue.size(); ++i) {
-      if (menu_.smnuLingue[i].checked) checked.push_back(i);
+    for (std::size_t i = 0; i < choices_.marks.smnuLingue.size(); ++i) {
+      if (choices_.marks.smnuLingue[i].checked) checked.push_back(i);
     }
     return checked;
   }
 
   TempFolder folder_;
-  Settings settings_;
-  MenuMarks menu_;
-  MessageTable messages_;
+  Choices choices_{Path()};
 };
 
 TEST_F(SettingsTest, NothingIsCheckedBeforeTheStart) {
   EXPECT_THAT(CheckedPorts(), IsEmpty());
-  EXPECT_EQ(settings_.PortNumber, 1);
+  EXPECT_EQ(choices_.PortNumber, 1);
 }
 
 TEST_F(SettingsTest, WithoutAFilePort1IsCheckedAndNoLanguageNamed) {
   WriteLanguages(1);
   EXPECT_TRUE(Read());
-  EXPECT_EQ(settings_.PortNumber, 1);
+  EXPECT_EQ(choices_.PortNumber, 1);
   EXPECT_THAT(CheckedPorts(), ElementsAre(1));
-  EXPECT_EQ(settings_.LanguageName, "");
+  EXPECT_EQ(choices_.LanguageName, "");
 }
 
 TEST_F(SettingsTest, AMissingFileIsNotCreatedAtTheStart) {
@@ -99,19 +95,19 @@ TEST_F(SettingsTest, AMissingFileIsNotCreatedAtTheStart) {
 
 TEST_F(SettingsTest, AnEmptyFileReadsLikeNone) {
   ReadFrom("");
-  EXPECT_EQ(settings_.PortNumber, 1);
+  EXPECT_EQ(choices_.PortNumber, 1);
   EXPECT_THAT(CheckedPorts(), ElementsAre(1));
 }
 
 TEST_F(SettingsTest, AFirstLineWithoutEndReadsLikeNone) {
   ReadFrom(std::string(20000, '3'));
-  EXPECT_EQ(settings_.PortNumber, 1);
+  EXPECT_EQ(choices_.PortNumber, 1);
   EXPECT_THAT(CheckedPorts(), ElementsAre(1));
 }
 
 TEST_F(SettingsTest, LinesBehindTheSecondAreNotRead) {
   ReadFrom("Com=3\r\nLingua=\r\n" + std::string(20000, 'x'));
-  EXPECT_EQ(settings_.PortNumber, 3);
+  EXPECT_EQ(choices_.PortNumber, 3);
   EXPECT_THAT(CheckedPorts(), ElementsAre(3));
 }
 
@@ -124,33 +120,30 @@ TEST_F(SettingsTest, AFolderInPlaceOfTheFileReadsLikeNone) {
 
 TEST_F(SettingsTest, ALineThatEndsIn1To4NamesThePort) {
   for (int port = 1; port <= 4; ++port) {
-    settings_ = Settings();
-    menu_ = MenuMarks();
+    choices_ = Choices(Path());
     ReadFrom("Com=" + std::to_string(port) + "\r\nLingua=\r\n");
-    EXPECT_EQ(settings_.PortNumber, port);
+    EXPECT_EQ(choices_.PortNumber, port);
     EXPECT_THAT(CheckedPorts(), ElementsAre(port));
   }
 }
 
 TEST_F(SettingsTest, OtherDigitsLeadToPort1Unchecked) {
   for (const char digit : {'0', '5', '6', '7', '8', '9'}) {
-    settings_ = Settings();
-    menu_ = MenuMarks();
+    choices_ = Choices(Path());
     ReadFrom(std::string("Com=") + digit + "\r\nLingua=English\r\n");
-    EXPECT_EQ(settings_.PortNumber, 1) << digit;
+    EXPECT_EQ(choices_.PortNumber, 1) << digit;
     EXPECT_THAT(CheckedPorts(), IsEmpty()) << digit;
-    EXPECT_EQ(settings_.LanguageName, "") << digit;
+    EXPECT_EQ(choices_.LanguageName, "") << digit;
   }
 }
 
 TEST_F(SettingsTest, ANonDigitLeadsToPort1Checked) {
   for (const char* line : {"Com=x", "Com=3 ", "Com=", "", "Com=-", "Com=\xB2"}) {
-    settings_ = Settings();
-    menu_ = MenuMarks();
+    choices_ = Choices(Path());
     ReadFrom(std::string(line) + "\r\nLingua=English\r\n");
-    EXPECT_EQ(settings_.PortNumber, 1) << line;
+    EXPECT_EQ(choices_.PortNumber, 1) << line;
     EXPECT_THAT(CheckedPorts(), ElementsAre(1)) << line;
-    EXPECT_EQ(settings_.LanguageName, "") << line;
+    EXPECT_EQ(choices_.LanguageName, "") << line;
   }
 }
 
@@ -158,16 +151,15 @@ TEST_F(SettingsTest, AfterAnErrorTheLanguageIsNotRead) {
   WriteLanguages(10);
   WriteText(folder_, kSettingsFile, "Com=5\r\nLingua=B\r\n");
   Read();
-  EXPECT_EQ(settings_.LanguageName, "");
+  EXPECT_EQ(choices_.LanguageName, "");
 }
 
 TEST_F(SettingsTest, OneLineOnlyLeadsToPort1BesideTheMarkOfTheNamedPort) {
   for (const char* text : {"Com=3", "Com=3\r\n", "My own port is Com=3"}) {
-    settings_ = Settings();
-    menu_ = MenuMarks();
+    choices_ = Choices(Path());
     ReadFrom(text);
-    EXPECT_EQ(settings_.PortNumber, 1) << text;
-    EXPECT_EQ(settings_.LanguageName, "") << text;
+    EXPECT_EQ(choices_.PortNumber, 1) << text;
+    EXPECT_EQ(choices_.LanguageName, "") << text;
     EXPECT_THAT(CheckedPorts(), ElementsAre(3)) << text;
   }
 }
@@ -176,34 +168,34 @@ TEST_F(SettingsTest, AMissingSecondLineNamesNoLanguageHoweverLongTheFirst) {
   WriteLanguages(10);
   WriteText(folder_, kSettingsFile, "My own port is Com=3\r\n");
   Read();
-  EXPECT_EQ(settings_.LanguageName, "");
+  EXPECT_EQ(choices_.LanguageName, "");
 }
 
 TEST_F(SettingsTest, AShortSecondLineLeadsToPort1BesideTheMarkOfTheNamedPort) {
   ReadFrom("Com=2\r\nLingua\r\n");
-  EXPECT_EQ(settings_.PortNumber, 1);
-  EXPECT_EQ(settings_.LanguageName, "");
+  EXPECT_EQ(choices_.PortNumber, 1);
+  EXPECT_EQ(choices_.LanguageName, "");
   EXPECT_THAT(CheckedPorts(), ElementsAre(2));
 }
 
 TEST_F(SettingsTest, AnEmptyLanguageStartsOnTheNamedPortWithTheFirstLanguage) {
   ReadFrom("Com=3\r\nLingua=\r\n");
-  EXPECT_TRUE(CeckLingue(folder_.Path(), settings_, menu_, messages_));
-  EXPECT_EQ(settings_.PortNumber, 3);
+  EXPECT_TRUE(choices_.CeckLingue());
+  EXPECT_EQ(choices_.PortNumber, 3);
   EXPECT_THAT(CheckedPorts(), ElementsAre(3));
-  EXPECT_EQ(settings_.LanguageName, "A");
+  EXPECT_EQ(choices_.LanguageName, "A");
   EXPECT_THAT(CheckedLanguages(), ElementsAre(0));
 }
 
 TEST_F(SettingsTest, AnEmptySecondLineStartsOnPort1WithTheNamedPortChecked) {
   ReadFrom("Com=3\r\n\r\n");
-  EXPECT_EQ(settings_.PortNumber, 1);
+  EXPECT_EQ(choices_.PortNumber, 1);
   EXPECT_THAT(CheckedPorts(), ElementsAre(3));
 }
 
 TEST_F(SettingsTest, OnlyTheLastCharacterOfLine1Counts) {
   ReadFrom("Com=12\r\nLingua=\r\n");
-  EXPECT_EQ(settings_.PortNumber, 2);
+  EXPECT_EQ(choices_.PortNumber, 2);
   EXPECT_THAT(CheckedPorts(), ElementsAre(2));
 }
 
@@ -211,15 +203,15 @@ TEST_F(SettingsTest, TheKeysAreNotLookedAt) {
   WriteLanguages(10);
   WriteText(folder_, kSettingsFile, "4\nSprache:B\n");
   Read();
-  EXPECT_EQ(settings_.PortNumber, 4);
-  EXPECT_EQ(settings_.LanguageName, ":B");
+  EXPECT_EQ(choices_.PortNumber, 4);
+  EXPECT_EQ(choices_.LanguageName, ":B");
 }
 
 TEST_F(SettingsTest, WithTenLanguageFilesTheLanguageSurvives) {
   WriteLanguages(10);
   WriteText(folder_, kSettingsFile, "Com=2\r\nLingua=B\r\n");
   EXPECT_TRUE(Read());
-  EXPECT_EQ(settings_.LanguageName, "B");
+  EXPECT_EQ(choices_.LanguageName, "B");
   EXPECT_THAT(CheckedLanguages(), IsEmpty());
   EXPECT_EQ(File(), "Com=2\r\nLingua=B\r\n");
 }
@@ -228,7 +220,7 @@ TEST_F(SettingsTest, WithNineLanguageFilesTheLanguageIsDropped) {
   WriteLanguages(9);
   WriteText(folder_, kSettingsFile, "Com=2\r\nLingua=B\r\n");
   EXPECT_TRUE(Read());
-  EXPECT_EQ(settings_.LanguageName, "");
+  EXPECT_EQ(choices_.LanguageName, "");
 }
 
 TEST_F(SettingsTest, DroppingTheLanguageWritesTheFile) {
@@ -243,14 +235,14 @@ TEST_F(SettingsTest, DroppingTheLanguageChecksTheFirstUnusedEntry) {
   WriteText(folder_, kSettingsFile, "Com=2\r\nLingua=B\r\n");
   Read();
   EXPECT_THAT(CheckedLanguages(), ElementsAre(3));
-  EXPECT_FALSE(menu_.smnuLingue[3].visible);
+  EXPECT_FALSE(choices_.marks.smnuLingue[3].visible);
 }
 
 TEST_F(SettingsTest, TheMarkOnTheUnusedEntryStaysBesideTheFirstLanguages) {
   WriteLanguages(3);
   WriteText(folder_, kSettingsFile, "Com=2\r\nLingua=B\r\n");
   Read();
-  EXPECT_TRUE(CeckLingue(folder_.Path(), settings_, menu_, messages_));
+  EXPECT_TRUE(choices_.CeckLingue());
   EXPECT_THAT(CheckedLanguages(), ElementsAre(0, 3));
 }
 
@@ -267,12 +259,12 @@ TEST_F(SettingsTest, WithoutLanguageFilesNothingIsSaved) {
 }
 
 TEST_F(SettingsTest, TheFileIsTwoLinesOfPortAndCheckedLanguage) {
-  settings_.PortNumber = 3;
-  settings_.LanguageName = "not asked";
-  menu_.smnuLingue[4].caption =
+  choices_.PortNumber = 3;
+  choices_.LanguageName = "not asked";
+  choices_.marks.smnuLingue[4].caption =
       "Fran\xE7"
       "ais";
-  menu_.smnuLingue[4].checked = true;
+  choices_.marks.smnuLingue[4].checked = true;
   WriteText(folder_, kSettingsFile, "an older file, longer than the new one will be");
   Save();
   EXPECT_EQ(File(),
@@ -281,16 +273,16 @@ TEST_F(SettingsTest, TheFileIsTwoLinesOfPortAndCheckedLanguage) {
 }
 
 TEST_F(SettingsTest, OfSeveralCheckedLanguagesTheFirstIsSaved) {
-  menu_.smnuLingue[1].caption = "B";
-  menu_.smnuLingue[1].checked = true;
-  menu_.smnuLingue[2].caption = "C";
-  menu_.smnuLingue[2].checked = true;
+  choices_.marks.smnuLingue[1].caption = "B";
+  choices_.marks.smnuLingue[1].checked = true;
+  choices_.marks.smnuLingue[2].caption = "C";
+  choices_.marks.smnuLingue[2].checked = true;
   Save();
   EXPECT_EQ(File(), "Com=1\r\nLingua=B\r\n");
 }
 
 TEST_F(SettingsTest, WithNoCheckedLanguageTheFirstEntryIsSaved) {
-  menu_.smnuLingue[0].caption = "A";
+  choices_.marks.smnuLingue[0].caption = "A";
   Save();
   EXPECT_EQ(File(), "Com=1\r\nLingua=A\r\n");
 }
@@ -298,7 +290,7 @@ TEST_F(SettingsTest, WithNoCheckedLanguageTheFirstEntryIsSaved) {
 TEST_F(SettingsTest, TheLanguageOfEntry9IsSavedLikeAnyOther) {
   WriteLanguages(10);
   Restart();
-  EXPECT_TRUE(ChooseLanguage(9, folder_.Path(), settings_, menu_, messages_));
+  EXPECT_TRUE(choices_.ChooseLanguage(9));
   Save();
   EXPECT_EQ(File(), "Com=1\r\nLingua=J\r\n");
 }
@@ -311,29 +303,29 @@ TEST_F(SettingsTest, AFileThatCannotBeWrittenIsAnError) {
 TEST_F(SettingsTest, AChosenPortIsCheckedAloneAndSaved) {
   WriteLanguages(1);
   Restart();
-  menu_.mnuUSB = true;
+  choices_.marks.mnuUSB = true;
   ChoosePort(4);
-  EXPECT_EQ(settings_.PortNumber, 4);
+  EXPECT_EQ(choices_.PortNumber, 4);
   EXPECT_THAT(CheckedPorts(), ElementsAre(4));
   EXPECT_EQ(File(), "Com=4\r\nLingua=A\r\n");
 }
 
 TEST_F(SettingsTest, APortAbove4CountsAsTheAdapters) {
-  menu_.mnuCox(1) = true;
+  choices_.marks.mnuCox(1) = true;
   ChoosePort(5);
   EXPECT_THAT(CheckedPorts(), ElementsAre(0));
   EXPECT_EQ(File(), "Com=5\r\nLingua=\r\n");
 }
 
 TEST_F(SettingsTest, TheMenuHasNoPort0AndNoPort5) {
-  EXPECT_EQ(ErrorOf([&] { menu_.mnuCox(0); }), ErrorCode::kNoSuchElement);
-  EXPECT_EQ(ErrorOf([&] { menu_.mnuCox(5); }), ErrorCode::kNoSuchElement);
+  EXPECT_EQ(ErrorOf([&] { choices_.marks.mnuCox(0); }), ErrorCode::kNoSuchElement);
+  EXPECT_EQ(ErrorOf([&] { choices_.marks.mnuCox(5); }), ErrorCode::kNoSuchElement);
 }
 
 TEST_F(SettingsTest, AFoundAdapterIsCheckedAloneAndSaved) {
   ChoosePort(2);
   EXPECT_TRUE(ChooseAdapter("COM5"));
-  EXPECT_EQ(settings_.PortNumber, 5);
+  EXPECT_EQ(choices_.PortNumber, 5);
   EXPECT_THAT(CheckedPorts(), ElementsAre(0));
   EXPECT_EQ(File(), "Com=5\r\nLingua=\r\n");
 }
@@ -354,7 +346,7 @@ TEST_F(SettingsTest, AfterAMissingAdapterTheOldPortIsWhatTheNextSaveWrites) {
   ChoosePort(3);
   WriteText(folder_, kSettingsFile, "untouched");
   ChooseAdapter("");
-  EXPECT_EQ(settings_.PortNumber, 3);
+  EXPECT_EQ(choices_.PortNumber, 3);
   EXPECT_EQ(File(), "untouched");
   Save();
   EXPECT_EQ(File(), "Com=3\r\nLingua=\r\n");
@@ -364,7 +356,7 @@ TEST_F(SettingsTest, AnAdapterOnCom5IsPort1UncheckedAfterARestart) {
   WriteLanguages(1);
   ChooseAdapter("COM5");
   Restart();
-  EXPECT_EQ(settings_.PortNumber, 1);
+  EXPECT_EQ(choices_.PortNumber, 1);
   EXPECT_THAT(CheckedPorts(), IsEmpty());
 }
 
@@ -378,7 +370,7 @@ TEST_F(SettingsTest, AnAdapterOnCom5IsSavedAsPort1AfterARestart) {
 
 TEST_F(SettingsTest, AnAdapterOnCom12IsSavedAs12) {
   ChooseAdapter("COM12");
-  EXPECT_EQ(settings_.PortNumber, 12);
+  EXPECT_EQ(choices_.PortNumber, 12);
   EXPECT_EQ(File(), "Com=12\r\nLingua=\r\n");
 }
 
@@ -386,7 +378,7 @@ TEST_F(SettingsTest, AnAdapterOnCom12ComesBackAsPort2) {
   WriteLanguages(1);
   ChooseAdapter("COM12");
   Restart();
-  EXPECT_EQ(settings_.PortNumber, 2);
+  EXPECT_EQ(choices_.PortNumber, 2);
   EXPECT_THAT(CheckedPorts(), ElementsAre(2));
 }
 
@@ -394,13 +386,13 @@ TEST_F(SettingsTest, AnAdaptersNameWithoutANumberIsATypeError) {
   for (const char* name : {"COM", "CO", "COMx", "COM5:", "COM "}) {
     EXPECT_EQ(ErrorOf([&] { ChooseAdapter(name); }), ErrorCode::kTypeMismatch) << name;
   }
-  EXPECT_EQ(settings_.PortNumber, 1);
+  EXPECT_EQ(choices_.PortNumber, 1);
 }
 
 TEST_F(SettingsTest, AnAdaptersNumberAbove255Overflows) {
   EXPECT_TRUE(ChooseAdapter("COM255"));
   EXPECT_EQ(ErrorOf([&] { ChooseAdapter("COM256"); }), ErrorCode::kOverflow);
-  EXPECT_EQ(settings_.PortNumber, 255);
+  EXPECT_EQ(choices_.PortNumber, 255);
 }
 
 TEST(SettingsFile, BearsTheNameOfTheProgram) {

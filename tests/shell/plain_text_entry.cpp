@@ -3,8 +3,8 @@
 #include <string>
 
 #include "shell/plain_errors.h"
-#include "shell/text_entry.h"
-#include "shell/western_text.h"
+#include "texts/text_entry.h"
+#include "texts/western_text.h"
 
 namespace sorvane {
 

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "shell/plain_files.h"
-#include "shell/western_text.h"
+#include "texts/western_text.h"
 
 namespace sorvane {
 namespace {

@@ -14,7 +14,7 @@
 
 #include "pages/frm_info.h"
 #include "pages/program_pages.h"
-#include "shell/child_form.h"
+#include "shell/page/child_form.h"
 
 namespace sorvane::test {
 namespace {
@@ -30,6 +30,17 @@ std::string LanguageText(const std::string& name) {
     text += "\r\n";
   }
   return text;
+}
+
+// The program's pages, with those of a test in place of the ones behind the same entries.
+std::vector<PageRow> PagesOf(const Program::Setup& setup) {
+  std::vector<PageRow> pages = ProgramPages("Sorvane", Version{1, 0, 0});
+  for (const PageRow& own : setup.pages) {
+    for (PageRow& row : pages) {
+      if (row.entry == own.entry) row = own;
+    }
+  }
+  return pages;
 }
 
 }  // namespace
@@ -58,7 +69,7 @@ Program::Program(const Setup& setup)
       .now = [this] { return now(); },
       .folder = link.folder.Path(),
       .settings_file = link.folder.Path() / "Sorvane.ini",
-      .pages = setup.pages.empty() ? ProgramPages("Sorvane", Version{1, 0, 0}) : setup.pages,
+      .pages = PagesOf(setup),
       .find_usb_port = [port = setup.usb_port] { return port; },
       .start_program = [this](const std::filesystem::path& path) { started.push_back(path); }});
   link.board.SetDelay(0);

@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "shell/main_frame.h"
-#include "shell/program_gate.h"
+#include "shell/frame/main_frame.h"
+#include "shell/gate/program_gate.h"
 #include "support/link_fixture.h"
 
 class QAction;
@@ -45,7 +45,7 @@ class Program {
   struct Setup {
     Separators separators{'.', ','};
     QLocale locale{QLocale::English, QLocale::UnitedKingdom};  // of dates: 05/03/2026
-    std::vector<PageRow> pages = {};                           // none: those of the program
+    std::vector<PageRow> pages = {};                           // in place of the program's own
     std::string usb_port = {};                                 // what the look-up finds
     bool language_files = true;
     // Takes the clock's maker of timers and gives the one that the program gets.

@@ -1,4 +1,4 @@
-#include "shell/qt_dialogs.h"
+#include "shell/gate/qt_dialogs.h"
 
 #include <gtest/gtest.h>
 
@@ -16,7 +16,7 @@
 
 #include "board/errors.h"
 #include "shell/controls/program_style.h"
-#include "shell/program_gate.h"
+#include "shell/gate/program_gate.h"
 
 namespace sorvane::test {
 namespace {

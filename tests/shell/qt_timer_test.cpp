@@ -1,4 +1,4 @@
-#include "shell/qt_timer.h"
+#include "shell/gate/qt_timer.h"
 
 #include <gtest/gtest.h>
 
@@ -10,7 +10,7 @@
 #include <map>
 
 #include "board/errors.h"
-#include "shell/program_gate.h"
+#include "shell/gate/program_gate.h"
 
 namespace sorvane::test {
 namespace {

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "link/dialogs.h"
+#include "outside/dialogs.h"
 #include "support/call_site.h"
 
 namespace sorvane::test {

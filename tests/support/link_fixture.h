@@ -9,7 +9,7 @@
 #include "board/parameter_access.h"
 #include "board/reply.h"
 #include "link/link_lamps.h"
-#include "link/timer.h"
+#include "outside/timer.h"
 #include "support/fake_dialogs.h"
 #include "support/index_files.h"
 #include "support/memory_port.h"

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "board/reply.h"
-#include "link/port.h"
+#include "outside/port.h"
 #include "support/call_site.h"
 
 namespace sorvane::test {

@@ -6,7 +6,7 @@
 #include <memory>
 
 #include "board/reply.h"
-#include "link/timer.h"
+#include "outside/timer.h"
 #include "support/memory_port.h"
 #include "support/virtual_clock.h"
 

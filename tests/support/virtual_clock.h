@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "link/timer.h"
+#include "outside/timer.h"
 
 namespace sorvane::test {
 

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "command_line/command_line.h"
-#include "shell/crystal.h"
+#include "shell/frame/crystal.h"
 
 int main(int argc, char** argv) {
   sorvane::CommandLine line("Writes the program's icon as sorvane-SIZE.png in all its sizes.");

@@ -7,8 +7,8 @@
 
 #include "board/reply.h"
 #include "shell/controls/value_label.h"
-#include "shell/page_sizes.h"
-#include "shell/western_text.h"
+#include "shell/page/page_sizes.h"
+#include "texts/western_text.h"
 
 namespace sorvane {
 namespace {

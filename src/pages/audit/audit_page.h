@@ -5,7 +5,7 @@
 #include <span>
 #include <vector>
 
-#include "shell/page.h"
+#include "shell/page/page.h"
 
 class QGridLayout;
 

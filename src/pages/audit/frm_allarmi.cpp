@@ -10,8 +10,8 @@
 #include "board/parameter.h"
 #include "board/reply.h"
 #include "shell/controls/record_list.h"
-#include "shell/dates.h"
-#include "shell/western_text.h"
+#include "shell/page/dates.h"
+#include "texts/western_text.h"
 
 namespace sorvane {
 namespace {

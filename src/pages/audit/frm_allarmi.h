@@ -1,7 +1,7 @@
 #pragma once
 
 #include "pages/audit/alarm_ring.h"
-#include "shell/page.h"
+#include "shell/page/page.h"
 
 class QProgressBar;
 

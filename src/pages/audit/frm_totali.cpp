@@ -8,7 +8,7 @@
 #include "board/numbers.h"
 #include "board/parameter.h"
 #include "board/reply.h"
-#include "shell/western_text.h"
+#include "texts/western_text.h"
 
 namespace sorvane {
 namespace {

@@ -5,7 +5,7 @@
 #include <QLabel>
 
 #include "shell/controls/toggle.h"
-#include "shell/page.h"
+#include "shell/page/page.h"
 
 namespace sorvane {
 

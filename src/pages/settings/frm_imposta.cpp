@@ -10,8 +10,8 @@
 #include "board/parameter.h"
 #include "board/reply.h"
 #include "shell/controls/toggle.h"
-#include "shell/page_sizes.h"
-#include "shell/western_text.h"
+#include "shell/page/page_sizes.h"
+#include "texts/western_text.h"
 
 namespace sorvane {
 namespace {

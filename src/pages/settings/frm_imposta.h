@@ -3,8 +3,8 @@
 #include <array>
 #include <string>
 
-#include "shell/field_group.h"
-#include "shell/page.h"
+#include "shell/page/field_group.h"
+#include "shell/page/page.h"
 
 namespace sorvane {
 

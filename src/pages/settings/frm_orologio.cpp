@@ -12,7 +12,7 @@
 #include "shell/controls/focus_keeper.h"
 #include "shell/controls/slider.h"
 #include "shell/controls/tab_pages.h"
-#include "shell/dates.h"
+#include "shell/page/dates.h"
 
 namespace sorvane {
 namespace {

@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <vector>
 
-#include "shell/field_group.h"
-#include "shell/page.h"
+#include "shell/page/field_group.h"
+#include "shell/page/page.h"
 
 class QGridLayout;
 class QGroupBox;

@@ -5,7 +5,7 @@
 
 #include "board/message.h"
 #include "board/parameter.h"
-#include "shell/field.h"
+#include "shell/page/field.h"
 
 // The fields of the clock page.
 namespace sorvane {

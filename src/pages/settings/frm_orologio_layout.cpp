@@ -12,9 +12,9 @@
 #include "shell/controls/slider.h"
 #include "shell/controls/tab_pages.h"
 #include "shell/controls/value_label.h"
-#include "shell/guarded_connect.h"
-#include "shell/page_sizes.h"
-#include "shell/western_text.h"
+#include "shell/gate/guarded_connect.h"
+#include "shell/page/page_sizes.h"
+#include "texts/western_text.h"
 
 // What stands on the clock page, and its captions.
 namespace sorvane {

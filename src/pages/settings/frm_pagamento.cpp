@@ -19,8 +19,8 @@
 #include "shell/controls/slider.h"
 #include "shell/controls/tab_pages.h"
 #include "shell/controls/toggle.h"
-#include "shell/page_sizes.h"
-#include "shell/western_text.h"
+#include "shell/page/page_sizes.h"
+#include "texts/western_text.h"
 
 namespace sorvane {
 namespace {

@@ -4,8 +4,8 @@
 #include <vector>
 
 #include "pages/settings/flag_switches.h"
-#include "shell/field_group.h"
-#include "shell/page.h"
+#include "shell/page/field_group.h"
+#include "shell/page/page.h"
 
 class QGroupBox;
 

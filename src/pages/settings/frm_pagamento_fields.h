@@ -4,7 +4,7 @@
 #include "board/parameter.h"
 #include "pages/settings/flag_switches.h"
 #include "pages/settings/full_span_row.h"
-#include "shell/field.h"
+#include "shell/page/field.h"
 
 // The fields and switches of the payment page.
 namespace sorvane {

@@ -13,7 +13,7 @@
 #include "board/reply.h"
 #include "shell/controls/entry_box.h"
 #include "shell/controls/toggle.h"
-#include "shell/page_sizes.h"
+#include "shell/page/page_sizes.h"
 
 namespace sorvane {
 namespace {

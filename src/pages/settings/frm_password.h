@@ -3,8 +3,8 @@
 #include <array>
 #include <vector>
 
-#include "shell/page.h"
-#include "shell/page_timer.h"
+#include "shell/page/page.h"
+#include "shell/page/page_timer.h"
 
 namespace sorvane {
 

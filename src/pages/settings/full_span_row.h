@@ -1,7 +1,7 @@
 #pragma once
 
 #include "board/parameter.h"
-#include "shell/field.h"
+#include "shell/page/field.h"
 
 namespace sorvane {
 

@@ -4,8 +4,8 @@
 #include <span>
 #include <vector>
 
-#include "shell/field_group.h"
-#include "shell/page.h"
+#include "shell/page/field_group.h"
+#include "shell/page/page.h"
 
 namespace sorvane {
 

@@ -5,7 +5,7 @@
 #include <algorithm>
 
 #include "shell/controls/focus_keeper.h"
-#include "shell/guarded_connect.h"
+#include "shell/gate/guarded_connect.h"
 
 namespace sorvane {
 namespace {

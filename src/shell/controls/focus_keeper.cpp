@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "shell/controls/entry_box.h"
-#include "shell/guarded_connect.h"
+#include "shell/gate/guarded_connect.h"
 
 namespace sorvane {
 namespace {

@@ -10,7 +10,7 @@
 
 #include "board/errors.h"
 #include "shell/controls/accessibility.h"
-#include "shell/program_gate.h"
+#include "shell/gate/program_gate.h"
 
 namespace sorvane {
 

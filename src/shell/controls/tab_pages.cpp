@@ -10,7 +10,7 @@
 
 #include "board/errors.h"
 #include "shell/controls/focus_keeper.h"
-#include "shell/guarded_connect.h"
+#include "shell/gate/guarded_connect.h"
 
 namespace sorvane {
 

@@ -8,7 +8,7 @@
 #include <cmath>
 
 #include "shell/controls/accessibility.h"
-#include "shell/program_gate.h"
+#include "shell/gate/program_gate.h"
 
 namespace sorvane {
 

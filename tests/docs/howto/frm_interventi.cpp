@@ -1,21 +1,28 @@
 #include "docs/howto/frm_interventi.h"
 
+#include "board/message.h"
 #include "board/parameter.h"
 
 namespace sorvane {
 namespace {
 
-constexpr int kTitle = 11;  // message
+constexpr AuditRow kRows[] = {
+    {.caption_index = 0,
+     .message = message::kPowerOns,
+     .value = 0,
+     .parameter = parameter::kPowerOns},
+    {.caption_index = 1,
+     .message = message::kInterventions,
+     .value = 1,
+     .parameter = parameter::kInterventions},
+};
 
-constexpr AuditRow kRows[] = {{"LabelMess1", 0, 68, 0, 0, parameter::kPowerOns},
-                              {"LabelMess1", 1, 70, 0, 1, parameter::kInterventions}};
-
-constexpr AuditGroup kGroups[] = {{0, kRows, 0, 0}};
+constexpr AuditGroup kGroups[] = {{.frame = 0, .rows = kRows, .row = 0, .column = 0}};
 
 }  // namespace
 
 FrmInterventi::FrmInterventi(const PageServices& services)
-    : AuditPage(services, "FrmInterventi", kTitle, kGroups) {}
+    : AuditPage(services, "FrmInterventi", message::kCounters, kGroups) {}
 
 std::vector<int32_t> FrmInterventi::WatchedParameters() const {
   return {parameter::kPowerOns, parameter::kInterventions};

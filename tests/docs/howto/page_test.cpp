@@ -13,7 +13,7 @@ constexpr PageEntry kEntry = {"MnuContatori", "FrmInterventi"};
 
 Program::Setup WithThePage() {
   Program::Setup setup;
-  setup.pages = {{kEntry.entry, kEntry.form, [](const PageServices& services) {
+  setup.pages = {{MenuEntry::kCounters, kEntry.form, [](const PageServices& services) {
                     return std::make_unique<FrmInterventi>(services);
                   }}};
   return setup;

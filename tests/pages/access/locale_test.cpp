@@ -7,7 +7,7 @@
 
 #include "board/parameter.h"
 #include "pages/access/shipped_program.h"
-#include "shell/western_text.h"
+#include "texts/western_text.h"
 
 // The same work in desktops of different habits: what is typed, what is shown, what the board gets.
 namespace sorvane::test {

@@ -13,7 +13,6 @@
 
 #include "pages/access/shipped_program.h"
 #include "pages/access/spoken.h"
-#include "shell/child_form.h"
 #include "shell/controls/bar.h"
 #include "shell/controls/clock_face.h"
 #include "shell/controls/entry_box.h"
@@ -21,6 +20,7 @@
 #include "shell/controls/slider.h"
 #include "shell/controls/tab_pages.h"
 #include "shell/controls/toggle.h"
+#include "shell/page/child_form.h"
 
 // What the pages tell assistive technology: which controls there are, what they are called, how
 // they stand.

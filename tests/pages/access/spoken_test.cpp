@@ -10,9 +10,9 @@
 
 #include "board/parameter.h"
 #include "pages/access/shipped_program.h"
-#include "shell/child_form.h"
 #include "shell/controls/lamp.h"
 #include "shell/controls/tab_pages.h"
+#include "shell/page/child_form.h"
 
 // What single controls of the program say.
 namespace sorvane::test {

@@ -7,10 +7,10 @@
 #include <vector>
 
 #include "pages/access/shipped_program.h"
-#include "shell/child_form.h"
 #include "shell/controls/bar.h"
 #include "shell/controls/entry_box.h"
 #include "shell/controls/tab_pages.h"
+#include "shell/page/child_form.h"
 
 // The way of Tab over the pages, against the way of the eye: the places of the controls on the
 // screen decide, whatever the order is in which they were made.

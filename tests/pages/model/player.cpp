@@ -10,8 +10,8 @@
 #include <sstream>
 #include <utility>
 
-#include "shell/child_form.h"
 #include "shell/controls/tab_pages.h"
+#include "shell/page/child_form.h"
 
 namespace sorvane::test::model {
 namespace {

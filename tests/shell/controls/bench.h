@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "board/errors.h"
-#include "shell/program_gate.h"
+#include "shell/gate/program_gate.h"
 
 namespace sorvane {
 

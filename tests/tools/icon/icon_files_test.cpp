@@ -9,7 +9,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "shell/crystal.h"
+#include "shell/frame/crystal.h"
 
 namespace sorvane {
 namespace {

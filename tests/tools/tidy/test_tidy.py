@@ -13,9 +13,9 @@ class TidyTest(unittest.TestCase):
         self.addCleanup(folder.cleanup)
         self.root = pathlib.Path(folder.name).resolve()
         self.write("tests/link/a_test.cpp", '#include <vector>\n#include "support/fixture.h"\n')
-        self.write("tests/support/fixture.h", '#include "link/port.h"\n#include "near.h"\n')
+        self.write("tests/support/fixture.h", '#include "outside/port.h"\n#include "near.h"\n')
         self.write("tests/support/near.h", "int Near();\n")
-        self.write("src/link/port.h", '#include "support/fixture.h"\nclass Port;\n')
+        self.write("src/outside/port.h", '#include "support/fixture.h"\nclass Port;\n')
         self.write("src/link/other.h", "class Other;\n")
         self.before = self.sum()
 
@@ -31,7 +31,7 @@ class TidyTest(unittest.TestCase):
         found = {str(file.relative_to(self.root))
                  for file in tidy.made_of(self.root, "tests/link/a_test.cpp")}
         self.assertEqual(found, {"tests/link/a_test.cpp", "tests/support/fixture.h",
-                                 "tests/support/near.h", "src/link/port.h"})
+                                 "tests/support/near.h", "src/outside/port.h"})
 
     def test_the_sum_changes_with_the_source(self):
         self.write("tests/link/a_test.cpp", '#include "support/fixture.h"\n')

@@ -1,0 +1,42 @@
+#include "shell/frame/status_panels.h"
+
+#include <QLabel>
+#include <QStatusBar>
+
+#include "link/link_lamps.h"
+#include "shell/controls/lamp.h"
+#include "texts/western_text.h"
+
+namespace sorvane {
+namespace {
+
+constexpr int kLampWidth = 17;  // pixels at 100 %: 255 twips
+constexpr std::array<const char*, 3> kLampNames = {"Transmit", "Receive", "Error"};
+
+}  // namespace
+
+StatusPanels::StatusPanels(QStatusBar& bar) : bar_(bar), text_(new QLabel(&bar)) {
+  text_->setObjectName("Panel(1)");
+  text_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  bar_.addPermanentWidget(text_, 1);
+  const int margin = bar_.fontMetrics().averageCharWidth();
+  bar_.setContentsMargins(margin, 0, margin, 0);
+}
+
+void StatusPanels::InitStatusPanels(LinkLamps& lamps) {
+  for (std::size_t i = 0; i < lamps_.size(); ++i) {
+    auto* panel = new Lamp(&bar_);
+    panel->setObjectName(QString("Panel(%1)").arg(LinkLamps::kFirstPanel + static_cast<int>(i)));
+    panel->setAccessibleName(kLampNames[i]);
+    panel->setMinimumWidth(kLampWidth);
+    bar_.addPermanentWidget(panel);
+    lamps_[i] = panel;
+  }
+  lamps.on_image = [this](int panel, int image) {
+    lamps_.at(static_cast<std::size_t>(panel - LinkLamps::kFirstPanel))->SetImage(image);
+  };
+  lamps.on_text = [this](const std::string& text) { text_->setText(FromWestern(text)); };
+  lamps.InitStatusPanels();
+}
+
+}  // namespace sorvane
