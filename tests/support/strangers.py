@@ -25,14 +25,29 @@ def holders(terminal):
     """
     device = _identity(terminal)
     found = {}
-    for entry in pathlib.Path("/proc").glob("[0-9]*/fd/*"):
-        process = int(entry.parts[2])
-        try:
-            if process != os.getpid() and _identity(entry) == device:
-                found[process] = os.readlink(entry)
-        except OSError:  # closed meanwhile, or nothing that can be looked at
-            continue
+    for process in _processes():
+        for entry in _opened(process):
+            try:
+                if _identity(entry) == device:
+                    found[process] = os.readlink(entry)
+            except OSError:  # closed meanwhile, or nothing that can be looked at
+                continue
     return sorted(found.items())
+
+
+def _processes():
+    """All processes besides this one."""
+    numbers = [int(name) for name in os.listdir("/proc") if name.isdigit()]
+    return [number for number in numbers if number != os.getpid()]
+
+
+def _opened(process):
+    """What stands for each file that a process has open; nothing for one that has ended."""
+    folder = f"/proc/{process}/fd"
+    try:
+        return [os.path.join(folder, number) for number in os.listdir(folder)]
+    except OSError:
+        return []
 
 
 def _identity(terminal):
