@@ -30,9 +30,10 @@ struct Process {
 
 // What a process calls the terminal that it has open.
 std::optional<fs::path> NameOfOpen(const fs::path& process, const fs::path& terminal) {
-  std::error_code error;
-  for (const auto& entry : fs::directory_iterator(process / "fd", error)) {
-    if (IsSameDevice(entry.path(), terminal)) return fs::read_symlink(entry.path(), error);
+  std::error_code error;  // the process may end meanwhile
+  fs::directory_iterator entry(process / "fd", error);
+  for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
+    if (IsSameDevice(entry->path(), terminal)) return fs::read_symlink(entry->path(), error);
   }
   return std::nullopt;
 }
