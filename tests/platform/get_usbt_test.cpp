@@ -6,7 +6,7 @@
 #include <tuple>
 
 #include "platform/GetUSBT.h"
-#include "shell/plain_errors.h"
+#include "support/run_time_errors.h"
 
 namespace sorvane {
 namespace {

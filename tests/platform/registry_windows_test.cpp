@@ -7,7 +7,7 @@
 #include <array>
 
 #include "platform/usb_adapter.h"
-#include "shell/plain_errors.h"
+#include "support/run_time_errors.h"
 
 namespace sorvane::test {
 namespace {

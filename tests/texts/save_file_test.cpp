@@ -1,10 +1,11 @@
+#include "texts/save_file.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "shell/plain_errors.h"
-#include "shell/plain_files.h"
+#include "support/run_time_errors.h"
 #include "support/unwritable_file.h"
-#include "texts/save_file.h"
+#include "texts/file_texts.h"
 
 namespace sorvane {
 namespace {

@@ -1,7 +1,8 @@
+#include "texts/western_text.h"
+
 #include <gtest/gtest.h>
 
-#include "shell/plain_files.h"
-#include "texts/western_text.h"
+#include "texts/file_texts.h"
 
 namespace sorvane {
 namespace {

@@ -1,10 +1,11 @@
+#include "texts/language_files.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "shell/plain_errors.h"
-#include "shell/plain_files.h"
+#include "support/run_time_errors.h"
 #include "texts/choices.h"
-#include "texts/language_files.h"
+#include "texts/file_texts.h"
 
 namespace sorvane {
 namespace {

@@ -6,13 +6,13 @@
 
 #include <cstdlib>
 
-#include "shell/plain_errors.h"
-#include "shell/plain_files.h"
 #include "support/least_rights.h"
+#include "support/run_time_errors.h"
 #include "support/scarce_memory.h"
 #include "support/unwritable_file.h"
 #include "support/watched_pipe.h"
 #include "texts/choices.h"
+#include "texts/file_texts.h"
 #include "texts/language_files.h"
 #include "texts/line_reader.h"
 #include "texts/save_file.h"

@@ -1,9 +1,10 @@
+#include "texts/text_entry.h"
+
 #include <gtest/gtest.h>
 
 #include <string>
 
-#include "shell/plain_errors.h"
-#include "texts/text_entry.h"
+#include "support/run_time_errors.h"
 #include "texts/western_text.h"
 
 namespace sorvane {

@@ -1,9 +1,10 @@
+#include "texts/choices.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "shell/plain_errors.h"
-#include "shell/plain_files.h"
-#include "texts/choices.h"
+#include "support/run_time_errors.h"
+#include "texts/file_texts.h"
 
 namespace sorvane {
 namespace {

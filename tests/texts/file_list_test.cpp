@@ -1,8 +1,9 @@
+#include "texts/file_list.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "shell/plain_files.h"
-#include "texts/file_list.h"
+#include "texts/file_texts.h"
 
 namespace sorvane {
 namespace {
