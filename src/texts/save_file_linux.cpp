@@ -58,22 +58,30 @@ class OutFile {
 // Whether the last error says that this can't be done here, rather than that it went wrong.
 bool IsRefused() { return errno == EACCES || errno == EPERM || errno == EROFS || errno == EBUSY; }
 
+constexpr mode_t kOwnersRights = 0600;
+
 // Writes a new file, with the owner and the rights of an old one, if any.
-bool WriteAnew(const std::filesystem::path& file, const struct stat* old, std::string_view text) {
-  const OutFile out(file, O_CREAT | O_EXCL, old != nullptr ? 0600 : 0666);
+bool WriteAnew(const std::filesystem::path& file, const struct stat* old, std::string_view text,
+               Readers readers) {
+  const bool own = readers == Readers::kOwner;
+  const OutFile out(file, O_CREAT | O_EXCL, old != nullptr || own ? kOwnersRights : 0666);
   if (out.Number() < 0) return false;
+  const mode_t rights = own || old == nullptr ? kOwnersRights : old->st_mode & 07777;
   const bool alike = old == nullptr || (fchown(out.Number(), old->st_uid, old->st_gid) == 0 &&
-                                        fchmod(out.Number(), old->st_mode & 07777) == 0);
+                                        fchmod(out.Number(), rights) == 0);
   return alike && out.Write(text);
 }
 
 // Puts a new file in the place of target; old is what stands there, if anything. Returns false
 // where no other file can take its place.
-bool Replace(const std::filesystem::path& target, const struct stat* old, std::string_view text) {
+bool Replace(const std::filesystem::path& target, const struct stat* old, std::string_view text,
+             Readers readers) {
   const std::filesystem::path beside =
       target.parent_path() / (".saving-" + std::to_string(getpid()));
   unlink(beside.c_str());  // of a program that was killed over it
-  if (WriteAnew(beside, old, text) && std::rename(beside.c_str(), target.c_str()) == 0) return true;
+  const bool written =
+      WriteAnew(beside, old, text, readers) && std::rename(beside.c_str(), target.c_str()) == 0;
+  if (written) return true;
   const bool refused = IsRefused();
   unlink(beside.c_str());
   if (!refused) Fail();
@@ -82,7 +90,7 @@ bool Replace(const std::filesystem::path& target, const struct stat* old, std::s
 
 }  // namespace
 
-void SaveFile(const std::filesystem::path& file, std::string_view text) {
+void SaveFile(const std::filesystem::path& file, std::string_view text, Readers readers) {
   const std::filesystem::path target = Target(file);
   struct stat old {};
   const bool exists = stat(target.c_str(), &old) == 0;
@@ -90,9 +98,11 @@ void SaveFile(const std::filesystem::path& file, std::string_view text) {
   const bool writable =
       S_ISREG(old.st_mode) && faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) == 0;
   if (exists && !writable) Fail();
-  if (Replace(target, exists ? &old : nullptr, text)) return;
+  if (Replace(target, exists ? &old : nullptr, text, readers)) return;
   const OutFile out(target, 0);
-  if (out.Number() < 0 || !out.Write(text)) Fail();
+  if (out.Number() < 0) Fail();
+  if (readers == Readers::kOwner && fchmod(out.Number(), kOwnersRights) != 0) Fail();
+  if (!out.Write(text)) Fail();
 }
 
 }  // namespace sorvane

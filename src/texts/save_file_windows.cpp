@@ -6,7 +6,7 @@
 
 namespace sorvane {
 
-void SaveFile(const std::filesystem::path& file, std::string_view text) {
+void SaveFile(const std::filesystem::path& file, std::string_view text, Readers) {
   QSaveFile out(QFileInfo(file).filePath());
   out.setDirectWriteFallback(true);
   const auto size = static_cast<qint64>(text.size());

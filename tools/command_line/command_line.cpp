@@ -34,6 +34,10 @@ CommandLine::~CommandLine() = default;
 
 void CommandLine::SetFooter(const std::string& words) { parser_->app.footer(words); }
 
+void CommandLine::SetVersion(const std::string& words) {
+  parser_->app.set_version_flag("--version", words);
+}
+
 void CommandLine::AddArgument(const std::string& name, std::string& value,
                               const std::string& help) {
   parser_->app.add_option(name, value, help)->required();
@@ -44,6 +48,16 @@ void CommandLine::AddArguments(const std::string& name, std::vector<std::string>
   parser_->app.add_option(name, values, help)->required();
 }
 
+void CommandLine::AddArguments(const std::string& name, std::vector<std::string>& values, int count,
+                               const std::string& help) {
+  parser_->app.add_option(name, values, help)->required()->expected(count);
+}
+
+void CommandLine::AddOptionalArguments(const std::string& name, std::vector<std::string>& values,
+                                       int most, const std::string& help) {
+  parser_->app.add_option(name, values, help)->expected(0, most);
+}
+
 void CommandLine::AddOption(const std::string& name, std::string& value, const std::string& help) {
   parser_->app.add_option(name, value, help)->capture_default_str();
 }
@@ -51,6 +65,11 @@ void CommandLine::AddOption(const std::string& name, std::string& value, const s
 void CommandLine::AddOption(const std::string& name, std::string& value, const std::string& kind,
                             const Check& check, const std::string& help) {
   parser_->app.add_option(name, value, help)->capture_default_str()->check(check, kind);
+}
+
+void CommandLine::AddList(const std::string& name, std::vector<std::string>& values,
+                          const std::string& kind, const Check& check, const std::string& help) {
+  parser_->app.add_option(name, values, help)->delimiter(',')->check(check, kind);
 }
 
 void CommandLine::AddNumber(const std::string& name, int& value, const Range& range,
@@ -72,6 +91,7 @@ void CommandLine::AddFlag(const std::string& name, bool& value, const std::strin
 CommandLine& CommandLine::AddCommand(const std::string& name, const std::string& help) {
   parser_->app.require_subcommand(1);
   CLI::App& app = *parser_->app.add_subcommand(name, help);
+  app.fallthrough();
   auto parser = std::make_unique<Parser>(Parser{nullptr, app});
   commands_.push_back(std::unique_ptr<CommandLine>(new CommandLine(std::move(parser))));
   return *commands_.back();

@@ -10,8 +10,8 @@ namespace sorvane {
 // Reads the command line of a companion program into the program's variables, by CLI11. Its headers
 // take seconds to compile, so that they are included in the source of this class alone.
 //
-// Names of options begin with two hyphens. A variable's value at its announcement is the default,
-// which the help tells. Variables must outlive the call of Read.
+// Names of options begin with two hyphens; "-p,--port" has a short one, too. A variable's value at
+// its announcement is the default, which the help tells. Variables must outlive the call of Read.
 class CommandLine {
  public:
   // Whole numbers from least to most, and those of also.
@@ -29,16 +29,27 @@ class CommandLine {
 
   // What the help ends with.
   void SetFooter(const std::string& words);
+  // What --version prints.
+  void SetVersion(const std::string& words);
 
   // Arguments that stand on the line by their place and can't be missing: one, or one and more.
   void AddArgument(const std::string& name, std::string& value, const std::string& help);
   void AddArguments(const std::string& name, std::vector<std::string>& values,
                     const std::string& help);
+  // As many as count, no fewer.
+  void AddArguments(const std::string& name, std::vector<std::string>& values, int count,
+                    const std::string& help);
+  // As many as most, or fewer, or none.
+  void AddOptionalArguments(const std::string& name, std::vector<std::string>& values, int most,
+                            const std::string& help);
 
   void AddOption(const std::string& name, std::string& value, const std::string& help);
   // The help calls the value by kind.
   void AddOption(const std::string& name, std::string& value, const std::string& kind,
                  const Check& check, const std::string& help);
+  // Values between commas; each is checked.
+  void AddList(const std::string& name, std::vector<std::string>& values, const std::string& kind,
+               const Check& check, const std::string& help);
   void AddNumber(const std::string& name, int& value, const Range& range, const std::string& help);
   // A number that can't be missing.
   void AddRequiredNumber(const std::string& name, int& value, const Range& range,
@@ -48,6 +59,7 @@ class CommandLine {
                const std::string& excluded = {});
 
   // A command with arguments and options of its own. One of the commands must stand on the line.
+  // The line's own options may stand behind it, too.
   CommandLine& AddCommand(const std::string& name, const std::string& help);
   // Whether this command stood on the line.
   bool IsChosen() const;
@@ -56,8 +68,8 @@ class CommandLine {
   static constexpr int kUsageError = 2;
 
   // Sets the variables. Where the program has nothing to do, gives false and sets exit_code: to 0
-  // where help was asked for, which it prints, and to kUsageError where the line can't be read,
-  // which it says on standard error.
+  // where help or the version was asked for, which it prints, and to kUsageError where the line
+  // can't be read, which it says on standard error.
   bool Read(int argc, const char* const* argv, int& exit_code);
 
  private:

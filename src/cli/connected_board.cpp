@@ -1,0 +1,145 @@
+#include "cli/connected_board.h"
+
+#include <QCryptographicHash>
+#include <algorithm>
+
+#include "board/errors.h"
+#include "board/parameter.h"
+#include "cli/snapshot_file.h"
+
+namespace sorvane::cli {
+namespace {
+
+std::string OneLine(std::string words) {
+  std::ranges::replace(words, '\n', ' ');
+  return words;
+}
+
+std::string SumOf(const std::filesystem::path& file) {
+  const std::string text = FileText(file);
+  const QByteArray bytes =
+      QByteArray::fromRawData(text.data(), static_cast<qsizetype>(text.size()));
+  return QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex().toStdString();
+}
+
+void OpenPort(const Surroundings& around) {
+  try {
+    around.port.Open();
+  } catch (const RuntimeError&) {
+    const std::string holder = around.port_holder();
+    throw Failure(ExitCode::kNoBoard,
+                  "can't open " + around.port_name + (holder.empty() ? "" : ": held by " + holder));
+  }
+}
+
+}  // namespace
+
+ConnectedBoard::ConnectedBoard(const Request& request, const Surroundings& around,
+                               const Catalogue& catalogue)
+    : request_(request),
+      around_(around),
+      catalogue_(catalogue),
+      exchange_(around.port, around.wait),
+      session_(exchange_, around.index_folder) {
+  OpenPort(around);
+  if (!request.trace.empty()) {
+    trace_ = std::make_unique<Trace>(request.trace, catalogue, session_, around.now);
+    exchange_.on_try = [this](const Bytes& sent, const Bytes& received, TryOutcome outcome) {
+      trace_->Tell(sent, received, outcome);
+    };
+  }
+  switch (session_.Identify()) {
+    case Identified::kServed:
+      return;
+    case Identified::kNoAnswer:
+      throw Failure(ExitCode::kNoBoard, "no answer from the board at " + around.port_name);
+    case Identified::kRefused:
+      throw Failure(ExitCode::kWrongBoard, OneLine(session_.Refusal()));
+    case Identified::kNoIndexFile:
+      throw Failure(ExitCode::kWrongBoard,
+                    (around.index_folder / session_.IndexName()).string() + " not found");
+  }
+}
+
+ConnectedBoard::~ConnectedBoard() { around_.port.Close(); }
+
+void ConnectedBoard::CheckInterrupted() const {
+  if (around_.interrupted()) throw Failure(ExitCode::kInterrupted, "interrupted");
+}
+
+std::optional<Bytes> ConnectedBoard::TryRead(int32_t number, const std::string& name) {
+  CheckInterrupted();
+  if (session_.SizeOf(number) == 0) {
+    throw Failure(ExitCode::kWrongBoard, "this board has no " + name);
+  }
+  return session_.Read(number);
+}
+
+Bytes ConnectedBoard::Read(const CatalogueEntry& entry) {
+  const auto raw = TryRead(entry.number, entry.name);
+  if (!raw) throw Failure(ExitCode::kNoBoard, "the board doesn't answer for " + entry.name);
+  return *raw;
+}
+
+NumberStyle ConnectedBoard::Style() {
+  if (!decimals_) {
+    const auto raw = TryRead(parameter::kDecimals, "decimals");
+    if (!raw) throw Failure(ExitCode::kNoBoard, "the board doesn't answer for its decimals");
+    decimals_ = static_cast<int>(std::min<uint32_t>(NumberOf(*raw), 255));
+  }
+  return {.decimals = *decimals_, .mark = request_.Mark()};
+}
+
+Snapshot ConnectedBoard::Take(std::span<const CatalogueEntry* const> entries, const Taking& taking,
+                              Console& console) {
+  Snapshot snapshot{.time = around_.now().toUTC().toString(Qt::ISODate).toStdString(),
+                    .program = around_.program,
+                    .type = session_.Type(),
+                    .software = session_.Software(),
+                    .revision = session_.Revision(),
+                    .index_file = session_.IndexName(),
+                    .index_sum = SumOf(around_.index_folder / session_.IndexName()),
+                    .machine = NumberOf(Read(*catalogue_.Find(parameter::kMachineNumber))),
+                    .location = NumberOf(Read(*catalogue_.Find(parameter::kLocationNumber))),
+                    .decimals = Style().decimals,
+                    .complete = true,
+                    .values = {}};
+  const NumberStyle style = snapshot.Style('.');
+  const auto keep = [&](const CatalogueEntry& entry, int32_t number, const std::string& name) {
+    const auto raw = TryRead(number, name);
+    if (raw) {
+      snapshot.values.push_back(
+          {.number = number, .name = name, .raw = *raw, .shown = ShownValue(entry, *raw, style)});
+    } else if (!taking.partial || session_.IsLost()) {
+      throw Failure(ExitCode::kNoBoard, "the board doesn't answer for " + name);
+    } else {
+      console.Complain("the board doesn't answer for " + name);
+      snapshot.complete = false;
+    }
+  };
+  int done = 0;
+  for (const CatalogueEntry* entry : entries) {
+    console.ShowProgress("reading", ++done, static_cast<int>(entries.size()));
+    if (!Has(*entry)) continue;
+    keep(*entry, entry->number, entry->name);
+    if (taking.mirrors && entry->mirror != 0) keep(*entry, entry->mirror, MirrorName(*entry));
+  }
+  std::ranges::sort(snapshot.values, {}, &HeldValue::number);
+  return snapshot;
+}
+
+std::vector<const CatalogueEntry*> ChosenEntries(
+    const Catalogue& catalogue, const Request& request,
+    const std::function<bool(const CatalogueEntry&)>& own) {
+  std::vector<const CatalogueEntry*> chosen;
+  for (const CatalogueEntry& entry : catalogue.Entries()) {
+    const bool wanted = request.only.empty()
+                            ? own(entry)
+                            : std::ranges::find(request.only, entry.group) != request.only.end();
+    const bool spared = std::ranges::find(request.except, entry.group) != request.except.end();
+    if (wanted && !spared) chosen.push_back(&entry);
+  }
+  return chosen;
+}
+
+}  // namespace sorvane::cli

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <fstream>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "catalogue/catalogue.h"
+#include "cli/console.h"
+#include "cli/failure.h"
+#include "cli/request.h"
+#include "cli/snapshot.h"
+#include "cli/surroundings.h"
+#include "cli/trace.h"
+#include "session/exchange.h"
+#include "session/session.h"
+
+namespace sorvane::cli {
+
+// A board that has been identified, over an open port; the port is closed at the end.
+class ConnectedBoard {
+ public:
+  // Throws Failure where there is no port, no answer, no index file, or a board of another kind.
+  ConnectedBoard(const Request& request, const Surroundings& around, const Catalogue& catalogue);
+  ~ConnectedBoard();
+  ConnectedBoard(const ConnectedBoard&) = delete;
+  ConnectedBoard& operator=(const ConnectedBoard&) = delete;
+
+  Session& Line() { return session_; }
+
+  // Whether the board's index file has a parameter.
+  bool Has(const CatalogueEntry& entry) const { return session_.SizeOf(entry.number) != 0; }
+
+  // A parameter's value. Throws Failure kNoBoard where the board doesn't answer, kInterrupted where
+  // the person wants the end, and kWrongBoard where the index file has no such parameter.
+  Bytes Read(const CatalogueEntry& entry);
+
+  // The decimals with which the board draws its amounts, asked once.
+  NumberStyle Style();
+
+  // All values of entries that the index file has, with their second copies if wanted; what the
+  // board doesn't answer fails as Read does, or is left out where partial allows it.
+  struct Taking {
+    bool mirrors = false;
+    bool partial = false;
+  };
+  Snapshot Take(std::span<const CatalogueEntry* const> entries, const Taking& taking,
+                Console& console);
+
+ private:
+  std::optional<Bytes> TryRead(int32_t number, const std::string& name);
+  void CheckInterrupted() const;
+
+  const Request& request_;
+  const Surroundings& around_;
+  const Catalogue& catalogue_;
+  Exchange exchange_;
+  Session session_;
+  std::unique_ptr<Trace> trace_;
+  std::optional<int> decimals_;
+};
+
+// The entries that a request chooses by --only and --except out of a command's own groups.
+std::vector<const CatalogueEntry*> ChosenEntries(
+    const Catalogue& catalogue, const Request& request,
+    const std::function<bool(const CatalogueEntry&)>& own);
+
+}  // namespace sorvane::cli

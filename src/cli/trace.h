@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QDateTime>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <string>
+
+#include "catalogue/catalogue.h"
+#include "session/exchange.h"
+#include "session/session.h"
+
+namespace sorvane::cli {
+
+// Keeps every frame as a line of a file: time, direction, bytes in hexadecimal digits, and what
+// they mean. Bytes by which a digit of the password could be told stand as "**".
+class Trace {
+ public:
+  // Throws Failure kUsage where the file can't be written.
+  Trace(const std::filesystem::path& file, const Catalogue& catalogue, Session& session,
+        std::function<QDateTime()> now);
+
+  void Tell(const Bytes& sent, const Bytes& received, TryOutcome outcome);
+
+ private:
+  // What a frame is about.
+  struct Subject {
+    std::string name;
+    bool secret = false;
+  };
+  Subject SubjectOf(const Bytes& sent);
+
+  const Catalogue& catalogue_;
+  Session& session_;
+  std::function<QDateTime()> now_;
+  std::ofstream out_;
+};
+
+}  // namespace sorvane::cli

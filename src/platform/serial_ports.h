@@ -1,0 +1,24 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace sorvane {
+
+// A serial port of the computer.
+struct SerialPortEntry {
+  std::string name;   // by which it can be opened
+  std::string words;  // what it is, or by what other name it goes; may be empty
+
+  bool operator==(const SerialPortEntry&) const = default;
+};
+
+// All serial ports that the system knows, in the order of their names.
+std::vector<SerialPortEntry> ListSerialPorts();
+
+// The programs that have a device open, "Sorvane (process 4711)" with commas between them; empty
+// where none has, and where the system doesn't tell.
+std::string PortHolder(const std::filesystem::path& device);
+
+}  // namespace sorvane
