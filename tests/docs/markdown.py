@@ -2,8 +2,10 @@
 
 import dataclasses
 import functools
+import pathlib
 import re
 
+ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
 CODE_SPAN = re.compile(r"`[^`]*`")
 LINK = re.compile(r"(!?)\[((?:!\[[^]]*\]\([^)]*\)|[^]])*)\]\(([^)\s]+)\)")
 HEADING = re.compile(r"(#{1,6}) (.+)")

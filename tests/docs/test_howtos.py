@@ -1,4 +1,4 @@
-"""The how-tos, followed word by word."""
+"""The how-tos, followed word by word, and what the simulated board says of itself."""
 
 import os
 import pathlib
@@ -8,7 +8,7 @@ import subprocess
 import tempfile
 import unittest
 
-from program_sources import ROOT
+from markdown import ROOT, Document
 
 HOWTOS = ROOT / "docs" / "howto"
 LIMIT = 60  # seconds for a command
@@ -48,7 +48,9 @@ def pattern(lines):
     return re.compile("".join(parts))
 
 
-class HowTos(unittest.TestCase):
+class ProgramFolder(unittest.TestCase):
+    """A program folder of the test's own, beside the data of the sources."""
+
     def setUp(self):
         folder = tempfile.TemporaryDirectory()
         self.addCleanup(folder.cleanup)
@@ -67,6 +69,8 @@ class HowTos(unittest.TestCase):
         code = f"[exit code {done.returncode}]\n" if done.returncode else ""
         return done.stdout + code
 
+
+class HowTos(ProgramFolder):
     def follow(self, page):
         count = 0
         for block in blocks(page, "console"):
@@ -97,3 +101,28 @@ class HowTos(unittest.TestCase):
         self.assertEqual(sorted(path.name for path in HOWTOS.glob("*.md")),
                          ["README.md", "index-file.md", "page.md", "training.md",
                           "translation.md"])
+
+
+class SimulatorPage(ProgramFolder):
+    """The simulated board's page against the board's own help."""
+
+    def setUp(self):
+        super().setUp()
+        self.page = Document(ROOT / "simulator" / "README.md")
+        said = self.run_command("printf 'help\\nquit\\n' | Sorvane/SorvaneBoard --quiet")
+        orders, _, faults = said.rpartition("faults: ")
+        self.orders = [line.split()[0] for line in orders.splitlines()
+                       if not line.startswith("line ")]
+        self.faults = faults.splitlines()[0].split(", ")
+        self.assertIn("none", self.faults)
+
+    def test_every_order_has_an_example(self):
+        examples = {example.split()[0]
+                    for line in self.page.path.read_text(encoding="utf-8").splitlines()
+                    if line.startswith("    ") and "./" not in line
+                    for example in re.split("  +", line.strip())}
+        self.assertEqual(examples, set(self.orders))
+
+    def test_every_fault_is_in_the_table(self):
+        told = re.findall("^`([^`]*)` ", self.page.section("Faults"), re.MULTILINE)
+        self.assertEqual({*told, "none"}, set(self.faults))

@@ -3,8 +3,7 @@
 import unittest
 from urllib.parse import unquote
 
-from markdown import Document
-from program_sources import ROOT
+from markdown import ROOT, Document
 
 NOT_OURS = {"build"}
 

@@ -1,13 +1,14 @@
 """The technician's manual tells of the whole program, in both languages alike."""
 
+import json
+import os
 import pathlib
 import re
 import unittest
 
-import program_sources
-from markdown import Document, Heading, Table, Text
+from markdown import ROOT, Document, Heading, Table, Text
 
-FOLDER = program_sources.ROOT / "docs" / "manual"
+FOLDER = ROOT / "docs" / "manual"
 MANUALS = {"en": "English", "it": "Italiano"}
 QUOTED = {"en": re.compile("“([^”]*)”"), "it": re.compile("«([^»]*)»")}
 MOST_BYTES = 2_500_000  # of all pictures
@@ -36,25 +37,31 @@ def structure(document):
 
 
 class ManualTest(unittest.TestCase):
+    """What the program has comes from lists.json, which documents_lists writes."""
+
     def setUp(self):
         self.manuals = {language: Document(FOLDER / f"{language}.md") for language in MANUALS}
+        self.program = json.loads(pathlib.Path(os.environ["SORVANE_LISTS"]).read_bytes())
 
-    def test_every_page_of_the_program_was_found_in_its_list(self):
-        self.assertEqual(len(program_sources.pages()), program_sources.page_rows())
-        self.assertIn("FrmTastiColonna", program_sources.pages())
+    def in_language(self, language):
+        return self.program["languages"][MANUALS[language]]
+
+    def test_every_page_of_the_program_was_reached_through_its_menu(self):
+        self.assertIn("FrmTastiColonna", self.program["forms"])
+        for language in MANUALS:
+            self.assertEqual(sorted(self.in_language(language)["pages"]),
+                             sorted(self.program["forms"]))
 
     def test_every_page_has_a_section_by_its_menu_entry_with_its_picture(self):
         for language, document in self.manuals.items():
-            lines = program_sources.messages(MANUALS[language])
-            for form, entry in program_sources.pages().items():
-                title = program_sources.menu_path(entry, lines)
+            for form, title in self.in_language(language)["pages"].items():
                 section = document.section(title)
                 self.assertIsNotNone(section, f"{language}: no section {title}")
                 self.assertIn(f"({picture_of(form, language)})", section, title)
 
     def test_no_caption_is_quoted_that_the_program_does_not_show(self):
         for language, document in self.manuals.items():
-            known = program_sources.captions(MANUALS[language])
+            known = self.in_language(language)["words"]
             quoted = {" ".join(words.split()) for words in QUOTED[language].findall(
                 re.sub(r"`[^`]*`", "", document.path.read_text(encoding="utf-8")))} - {""}
             self.assertGreater(len(quoted), 50)
@@ -64,25 +71,31 @@ class ManualTest(unittest.TestCase):
                                 f"{language}: {words}")
 
     def test_every_message_box_is_in_a_table(self):
-        boxes = program_sources.boxes()
-        self.assertIn(("Board Not Ready", "Check serial !"), boxes)
+        self.assertIn(["Board Not Ready", "Check serial !"], self.program["boxes"])
         for language, document in self.manuals.items():
             told = [re.findall("`([^`]*)`", row[0]) for row in document.rows]
-            for box in boxes:
+            for box in self.program["boxes"]:
                 # A file's name stands in front of the words of one box.
                 self.assertTrue(any(all(any(span.endswith(line) for span in spans) for line in box)
                                     for spans in told), f"{language}: {box}")
 
     def test_every_run_time_error_is_in_a_table(self):
-        reports = program_sources.error_reports()
-        self.assertTrue(reports)
+        self.assertEqual(len(self.program["reports"]), 2)
         for language, document in self.manuals.items():
             text = document.path.read_text(encoding="utf-8")
-            for report in reports:
-                self.assertIn(f"`{report}", text)
+            for report in self.program["reports"]:
+                self.assertIn(f"`{report}`", text)
             told = {row[0]: row[1].strip("`") for row in document.rows if row[0].isdigit()
                     and row[1].startswith("`")}
-            self.assertEqual(told, program_sources.error_words(), language)
+            self.assertEqual(told, self.program["errors"], language)
+
+    def test_every_kind_of_alarm_is_in_the_table_of_their_page(self):
+        kinds = {re.sub(r"\d+", "n", text.rpartition("_")[0]) for text in self.program["alarms"]}
+        self.assertIn("OBC_n", kinds)
+        for language, document in self.manuals.items():
+            section = document.section(self.in_language(language)["pages"]["FrmAllarmi"])
+            told = re.findall(r"^`(\w+)`", section, re.MULTILINE)
+            self.assertEqual(sorted(told), sorted(kinds - {""}), language)
 
     def test_each_manual_shows_the_pictures_of_its_language(self):
         for language, document in self.manuals.items():

@@ -2,7 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <iterator>
+#include <string_view>
 #include <utility>
+
+#include "support/boxes.h"
 
 namespace sorvane::test {
 namespace {
@@ -11,9 +16,18 @@ std::string InWords(const MessageBox& box) {
   return "\"" + box.title + "\", \"" + box.text + "\", " + std::to_string(box.flags);
 }
 
+// Whether it is a box of the program, whatever index file it names.
+bool IsKnown(MessageBox box) {
+  constexpr std::string_view kExtension = ".inx";
+  const std::size_t name = box.text.find(kExtension);
+  if (name != std::string::npos) box.text.erase(0, name + kExtension.size());
+  return std::find(std::begin(kBoxes), std::end(kBoxes), box) != std::end(kBoxes);
+}
+
 }  // namespace
 
 void FakeDialogs::Show(const MessageBox& box, std::function<void(sorvane::Answer)> answered) {
+  EXPECT_TRUE(IsKnown(box)) << InWords(box) << " is missing in support/boxes.h";
   shown_.push_back(box);
   standing_.push_back({box, std::move(answered)});
 }
