@@ -67,6 +67,19 @@ build() {
   cmake --build --preset "$preset" ${@:+--target "$@"}
 }
 
+# Runs a command and keeps what it prints in a file below build/ too.
+keep() {
+  local file=$root/build/$1 status=0 copy writer
+  shift
+  mkdir -p "$(dirname "$file")"
+  exec {copy}> >(exec tee "$file")
+  writer=$!
+  "$@" >&"$copy" || status=$?
+  exec {copy}>&-
+  wait "$writer"
+  return $status
+}
+
 passed=0
 failed=0
 times=()
