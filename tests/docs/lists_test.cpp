@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QAccessibleValueInterface>
 #include <QAction>
 #include <QDir>
 #include <QFile>
@@ -18,9 +19,11 @@
 #include "board/errors.h"
 #include "board/parameter.h"
 #include "pages/access/shipped_program.h"
+#include "pages/access/spoken.h"
 #include "pages/audit/alarm_ring.h"
 #include "pages/frm_info.h"
 #include "pages/program_pages.h"
+#include "shell/controls/bar.h"
 #include "shell/page/child_form.h"
 #include "support/boxes.h"
 #include "texts/western_text.h"
@@ -49,6 +52,16 @@ void AddWords(ChildForm& form, QSet<QString>& words) {
   }
 }
 
+// The lowest and highest value of each bar of a page, by the name that is read for it.
+QJsonObject Ranges(ChildForm& form) {
+  QJsonObject ranges;
+  for (Bar* bar : form.findChildren<Bar*>()) {
+    QAccessibleValueInterface& value = *Of(*bar).valueInterface();
+    ranges[Said(*bar)] = QJsonArray{value.minimumValue().toInt(), value.maximumValue().toInt()};
+  }
+  return ranges;
+}
+
 // Takes each way through the menu, and looks at each page that it opens.
 class Reader {
  public:
@@ -59,7 +72,7 @@ class Reader {
   QJsonObject Lists() const {
     QStringList words = words_.values();
     words.sort();
-    return {{"pages", pages_}, {"words", QJsonArray::fromStringList(words)}};
+    return {{"pages", pages_}, {"ranges", ranges_}, {"words", QJsonArray::fromStringList(words)}};
   }
 
  private:
@@ -80,6 +93,7 @@ class Reader {
       auto* form = program_.frame->findChild<ChildForm*>(row.form);
       if (form == nullptr) continue;
       pages_[row.form] = way.join(" > ");
+      ranges_[row.form] = Ranges(*form);
       for (int mode = 0; mode < kSaleModes; ++mode) {
         program_.link.SetBoardNumber(parameter::kSaleMode, static_cast<std::uint32_t>(mode));
         program_.AskAgain(parameter::kSaleMode);
@@ -91,6 +105,7 @@ class Reader {
 
   ShippedProgram program_;
   QJsonObject pages_;
+  QJsonObject ranges_;
   QSet<QString> words_;
 };
 

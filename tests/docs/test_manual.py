@@ -11,6 +11,8 @@ from markdown import ROOT, Document, Heading, Table, Text
 FOLDER = ROOT / "docs" / "manual"
 MANUALS = {"en": "English", "it": "Italiano"}
 QUOTED = {"en": re.compile("“([^”]*)”"), "it": re.compile("«([^»]*)»")}
+RANGE = re.compile(r"(\d+(?:[.,]\d+)?) (?:to|a) (\d+(?:[.,]\d+)?)")
+RANGES = 22  # of bars, that each manual tells
 MOST_BYTES = 2_500_000  # of all pictures
 
 
@@ -20,6 +22,21 @@ def picture_of(form, language):
 
 def without_language(picture):
     return re.sub(r"\.(en|it)\.png$", ".png", picture)
+
+
+def raw_ranges(low, high):
+    """The ranges of raw values that words may stand for: plain, tenths, hundredths."""
+    return [[round(float(end.replace(",", ".")) * unit, 6) for end in (low, high)]
+            for unit in (1, 10, 100)]
+
+
+def told_ranges(line, bars, language):
+    """Pairs of a caption of a bar and one of the ranges that a line tells of it."""
+    captions = [words for words in QUOTED[language].findall(line) if words in bars]
+    ranges = RANGE.findall(line)
+    if len(captions) == len(ranges):
+        return list(zip(captions, ranges))
+    return [(caption, told) for caption in captions for told in ranges]
 
 
 def structure(document):
@@ -58,6 +75,19 @@ class ManualTest(unittest.TestCase):
                 section = document.section(title)
                 self.assertIsNotNone(section, f"{language}: no section {title}")
                 self.assertIn(f"({picture_of(form, language)})", section, title)
+
+    def test_every_range_that_is_told_is_that_of_the_bar(self):
+        for language, document in self.manuals.items():
+            seen = set()
+            for form, title in self.in_language(language)["pages"].items():
+                # A caption with a number behind it stands for several bars of one range.
+                bars = {re.sub(r" ?\d+$", "", name): ends
+                        for name, ends in self.in_language(language)["ranges"][form].items()}
+                for line in document.section(title).splitlines():
+                    for caption, told in told_ranges(line, bars, language):
+                        seen.add((form, caption))
+                        self.assertIn(bars[caption], raw_ranges(*told), f"{language}: {line}")
+            self.assertEqual(len(seen), RANGES, language)
 
     def test_no_caption_is_quoted_that_the_program_does_not_show(self):
         for language, document in self.manuals.items():
