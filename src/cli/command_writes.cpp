@@ -146,18 +146,6 @@ void CheckFits(const Request& request, const Snapshot& snapshot, const Snapshot&
   }
 }
 
-ExitCode PutBack(const Task& task, ConnectedBoard& board, const Snapshot& held,
-                 const Snapshot& snapshot, bool identity) {
-  CheckFits(task.request, snapshot, held);
-  Question question;
-  if (snapshot.machine != held.machine) {
-    question = {.words = "The snapshot is of machine " + std::to_string(snapshot.machine) +
-                         ", this is machine " + std::to_string(held.machine) + ". ",
-                .always = true};
-  }
-  return Write(task, board, held, WantedOf(task, snapshot, identity), question);
-}
-
 // The values that a person gave by name, over what the board holds.
 std::vector<Wanted> TypedValues(const Task& task, const Snapshot& held) {
   std::map<int32_t, Wanted> wanted;
@@ -205,7 +193,15 @@ ExitCode RestoreSnapshot(const Task& task) {
     throw Failure(ExitCode::kUsage, file + " isn't complete; --partial restores what it holds");
   }
   ConnectedBoard board(task.request, task.around, task.catalogue);
-  return PutBack(task, board, TakeSettings(task, board), snapshot, task.request.identity);
+  const Snapshot held = TakeSettings(task, board);
+  CheckFits(task.request, snapshot, held);
+  Question question;
+  if (snapshot.machine != held.machine) {
+    question = {.words = "The snapshot is of machine " + std::to_string(snapshot.machine) +
+                         ", this is machine " + std::to_string(held.machine) + ". ",
+                .always = true};
+  }
+  return Write(task, board, held, WantedOf(task, snapshot, task.request.identity), question);
 }
 
 ExitCode UndoLast(const Task& task) {
@@ -216,7 +212,9 @@ ExitCode UndoLast(const Task& task) {
     throw Failure(ExitCode::kUsage, "there is no copy of machine " + std::to_string(held.machine));
   }
   task.console.Tell("putting back " + file->string());
-  return PutBack(task, board, held, ReadSnapshot(*file, task.catalogue), true);
+  const Snapshot copy = ReadSnapshot(*file, task.catalogue);
+  CheckFits(task.request, copy, held);
+  return Write(task, board, held, WantedOf(task, copy, true), {});
 }
 
 ExitCode SetClock(const Task& task) {

@@ -22,9 +22,11 @@ std::string SumOf(const std::filesystem::path& file) {
   return QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex().toStdString();
 }
 
-void OpenPort(const Surroundings& around) {
+}  // namespace
+
+ConnectedBoard::OpenPort::OpenPort(const Surroundings& around) : port_(around.port) {
   try {
-    around.port.Open();
+    port_.Open();
   } catch (const RuntimeError&) {
     const std::string holder = around.port_holder();
     throw Failure(ExitCode::kNoBoard,
@@ -32,16 +34,14 @@ void OpenPort(const Surroundings& around) {
   }
 }
 
-}  // namespace
-
 ConnectedBoard::ConnectedBoard(const Request& request, const Surroundings& around,
                                const Catalogue& catalogue)
     : request_(request),
       around_(around),
       catalogue_(catalogue),
+      open_(around),
       exchange_(around.port, around.wait),
       session_(exchange_, around.index_folder) {
-  OpenPort(around);
   if (!request.trace.empty()) {
     trace_ = std::make_unique<Trace>(request.trace, catalogue, session_, around.now);
     exchange_.on_try = [this](const Bytes& sent, const Bytes& received, TryOutcome outcome) {
@@ -60,8 +60,6 @@ ConnectedBoard::ConnectedBoard(const Request& request, const Surroundings& aroun
                     (around.index_folder / session_.IndexName()).string() + " not found");
   }
 }
-
-ConnectedBoard::~ConnectedBoard() { around_.port.Close(); }
 
 void ConnectedBoard::CheckInterrupted() const {
   if (around_.interrupted()) throw Failure(ExitCode::kInterrupted, "interrupted");

@@ -24,9 +24,6 @@ class ConnectedBoard {
  public:
   // Throws Failure where there is no port, no answer, no index file, or a board of another kind.
   ConnectedBoard(const Request& request, const Surroundings& around, const Catalogue& catalogue);
-  ~ConnectedBoard();
-  ConnectedBoard(const ConnectedBoard&) = delete;
-  ConnectedBoard& operator=(const ConnectedBoard&) = delete;
 
   Session& Line() { return session_; }
 
@@ -50,12 +47,25 @@ class ConnectedBoard {
                 Console& console);
 
  private:
+  // Open as long as this lives.
+  class OpenPort {
+   public:
+    explicit OpenPort(const Surroundings& around);
+    ~OpenPort() { port_.Close(); }
+    OpenPort(const OpenPort&) = delete;
+    OpenPort& operator=(const OpenPort&) = delete;
+
+   private:
+    Port& port_;
+  };
+
   std::optional<Bytes> TryRead(int32_t number, const std::string& name);
   void CheckInterrupted() const;
 
   const Request& request_;
   const Surroundings& around_;
   const Catalogue& catalogue_;
+  OpenPort open_;
   Exchange exchange_;
   Session session_;
   std::unique_ptr<Trace> trace_;

@@ -69,7 +69,10 @@ void CommandLine::AddOption(const std::string& name, std::string& value, const s
 
 void CommandLine::AddList(const std::string& name, std::vector<std::string>& values,
                           const std::string& kind, const Check& check, const std::string& help) {
-  parser_->app.add_option(name, values, help)->delimiter(',')->check(check, kind);
+  parser_->app.add_option(name, values, help)
+      ->delimiter(',')
+      ->allow_extra_args(false)
+      ->check(check, kind);
 }
 
 void CommandLine::AddNumber(const std::string& name, int& value, const Range& range,
