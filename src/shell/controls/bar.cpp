@@ -61,7 +61,7 @@ void Bar::MoveByUser(int position) {
 }
 
 void Bar::keyPressEvent(QKeyEvent* event) {
-  if ((event->modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier)) != 0) {
+  if (IsCommand(*event)) {
     PaintedControl::keyPressEvent(event);
     return;
   }

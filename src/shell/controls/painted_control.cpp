@@ -2,6 +2,7 @@
 
 #include <QEvent>
 #include <QFontMetricsF>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QPen>
 #include <algorithm>
@@ -33,6 +34,10 @@ void PaintedControl::focusOutEvent(QFocusEvent* event) {
 void PaintedControl::hideEvent(QHideEvent* event) {
   EndPress();
   QWidget::hideEvent(event);
+}
+
+bool PaintedControl::IsCommand(const QKeyEvent& press) {
+  return (press.modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier)) != 0;
 }
 
 qreal PaintedControl::Unit() const { return QFontMetricsF(font()).height(); }

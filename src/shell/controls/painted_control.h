@@ -4,6 +4,7 @@
 #include <QRectF>
 #include <QWidget>
 
+class QKeyEvent;
 class QPainter;
 
 namespace sorvane {
@@ -29,6 +30,10 @@ class PaintedControl : public QWidget {
   // Lets go what the mouse holds, without a change. A box that comes up, a control that is closed
   // or hidden: the release of the button may never be told then.
   virtual void EndPress() {}
+
+  // Whether a key is pressed with Ctrl, Alt or Meta. Such keys are the frame's and the desktop's:
+  // nothing that has a position moves by them.
+  static bool IsCommand(const QKeyEvent& press);
 
   // Height of a line of text, in logical pixels: the unit of all sizes.
   qreal Unit() const;

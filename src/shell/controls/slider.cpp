@@ -46,7 +46,7 @@ void Slider::MoveByUser(int position) {
 }
 
 void Slider::keyPressEvent(QKeyEvent* event) {
-  if ((event->modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier)) != 0) {
+  if (IsCommand(*event)) {
     PaintedControl::keyPressEvent(event);
     return;
   }
