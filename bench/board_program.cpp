@@ -67,7 +67,6 @@ BoardProgram::BoardProgram(const Setup& setup)
               .locale = QLocale(QLocale::English, QLocale::UnitedKingdom),
               .make_timer = MakeQtTimers(gate_),
               .now = [] { return QDateTime::currentDateTime(); },
-              .folder = folder_.Path(),
               .settings_file = folder_.Path() / "Sorvane.ini",
               .pages = ProgramPages("Sorvane", Version{1, 0, 0}),
               .find_usb_port = [] { return std::string(); },

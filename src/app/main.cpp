@@ -75,7 +75,6 @@ int main(int argc, char** argv) {
                    .locale = QLocale::system(),
                    .make_timer = MakeQtTimers(gate),
                    .now = [] { return QDateTime::currentDateTime(); },
-                   .folder = folder,
                    .settings_file = SettingsFile(program),
                    .pages = ProgramPages(QApplication::applicationDisplayName(), kVersion),
                    .find_usb_port = FindSystemUsbPort,

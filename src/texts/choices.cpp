@@ -91,7 +91,7 @@ bool Choices::ReadSettings() {
   const std::string remembered = marks.smnuLingue[0].caption;
   LanguageName = remembered;
   ReadFile(*this);
-  if (FindLanguages(settings_file.parent_path(), marks).empty()) return false;
+  if (FindLanguages(Folder(), marks).empty()) return false;
   if (remembered == LanguageName) return true;
   const auto unused =
       std::find_if(marks.smnuLingue.begin(), marks.smnuLingue.end(),
@@ -105,7 +105,7 @@ bool Choices::ReadSettings() {
 }
 
 bool Choices::CeckLingue() {
-  const std::filesystem::path folder = settings_file.parent_path();
+  const std::filesystem::path folder = Folder();
   const std::vector<std::string> names = FindLanguages(folder, marks);
   if (names.empty()) return false;
   const auto end = marks.smnuLingue.begin() + kNotRestored;
@@ -153,7 +153,7 @@ bool Choices::ChooseUsb(const std::function<std::string()>& find_usb_port) {
 }
 
 bool Choices::ChooseLanguage(int i) {
-  const std::filesystem::path folder = settings_file.parent_path();
+  const std::filesystem::path folder = Folder();
   MenuMarks::Language* in_use = &marks.smnuLingue[0];
   for (MenuMarks::Language& entry : marks.smnuLingue) {
     if (entry.checked) in_use = &entry;

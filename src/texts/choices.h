@@ -21,6 +21,9 @@ std::filesystem::path SettingsFile(const std::filesystem::path& program);
 struct Choices {
   explicit Choices(std::filesystem::path file) : settings_file(std::move(file)) {}
 
+  // The program's folder, in which the settings file lies.
+  std::filesystem::path Folder() const { return settings_file.parent_path(); }
+
   std::filesystem::path settings_file;
   uint8_t PortNumber = 1;    // the user's view only; the link doesn't ask it
   std::string LanguageName;  // the base name of the current language file

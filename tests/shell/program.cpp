@@ -67,7 +67,6 @@ Program::Program(const Setup& setup)
       .locale = setup.locale,
       .make_timer = link.clock.Maker(),
       .now = [this] { return now(); },
-      .folder = link.folder.Path(),
       .settings_file = link.folder.Path() / "Sorvane.ini",
       .pages = PagesOf(setup),
       .find_usb_port = [port = setup.usb_port] { return port; },

@@ -60,7 +60,7 @@ MainFrame::MainFrame(Outside outside)
 MainFrame::~MainFrame() = default;
 
 void MainFrame::Load() {
-  std::filesystem::current_path(out_.folder);
+  std::filesystem::current_path(choices_.Folder());
   menu_->EnableBoardEntries(false);
   if (!choices_.ReadSettings() || !choices_.CeckLingue()) {
     ShowAndEnd(NoLanguageBox());
@@ -80,12 +80,12 @@ bool MainFrame::LoadIndexTables() {
   BoardTables& tables = out_.tables;
   std::string name;
   try {
-    LoadFirstLevel(tables, out_.folder);
+    LoadFirstLevel(tables, choices_.Folder());
     tables.BoardPresent(tables.BoardIndex) = true;
     tables.IndexType = tables.BoardTypeNumber;
     tables.IndexSoftware = tables.BoardSoftwareNumber;
     tables.IndexRevision = tables.BoardRevisionNumber;
-    LoadSecondLevel(tables, out_.folder, name);
+    LoadSecondLevel(tables, choices_.Folder(), name);
     return true;
   } catch (const std::exception&) {  // also for want of memory
     ShowAndEnd(IndexFileBox(name));
@@ -168,7 +168,7 @@ void MainFrame::Exit() {
 }
 
 void MainFrame::StartSibling() {
-  std::filesystem::current_path(out_.folder);
+  std::filesystem::current_path(choices_.Folder());
   std::filesystem::current_path("..");
   out_.start_program(std::filesystem::current_path() / kSibling);
 }

@@ -32,11 +32,10 @@ class MainFrame : public QMainWindow {
     LinkLamps& lamps;
     FrmSer& link;
     Separators separators;
-    QLocale locale;                  // the system's, for dates
-    TimerMaker make_timer;           // of the pages
-    std::function<QDateTime()> now;  // the PC's clock, local time
-    std::filesystem::path folder;    // of the program
-    std::filesystem::path settings_file;
+    QLocale locale;                       // the system's, for dates
+    TimerMaker make_timer;                // of the pages
+    std::function<QDateTime()> now;       // the PC's clock, local time
+    std::filesystem::path settings_file;  // in the program's folder
     std::vector<PageRow> pages;
     std::function<std::string()> find_usb_port;
     std::function<void(const std::filesystem::path&)> start_program;
