@@ -3,14 +3,12 @@
 import itertools
 import pathlib
 import shutil
-import time
 import unittest
 
 import offspring
-from board import Board, came_round
+from board import Board
 from folder_watch import FolderWatch
 from program import END_WITHIN, Box, Program
-from visit import QUIET
 from wait import wait_for
 
 SETTINGS = b"Com=1\r\nLingua=Italiano\r\n"
@@ -76,26 +74,6 @@ class Scene(unittest.TestCase):
         """Opens a page by the captions of its menu entry and waits for it."""
         self.program.choose(*path)
         self.page = self.program.page(title)
-
-    def wait_filled(self):
-        """Waits until all that the open page watches has been read: something has been read twice from
-        now on, or nothing is read any more.
-
-        A number that is typed while the program reads it is lost.
-        """
-        readings, since = [], time.monotonic()
-        self.board.take_readings()
-
-        def filled():
-            nonlocal since
-            new = self.board.take_readings()
-            if new:
-                since = time.monotonic()
-            readings.extend(new)
-            return came_round(readings) or (
-                time.monotonic() - since > QUIET and not self.program.lamp("Transmit"))
-
-        wait_for("page that is filled", filled)
 
     def open_discounts(self):
         """Opens the page of the discounts and waits until it is filled and can be edited.

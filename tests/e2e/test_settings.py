@@ -4,6 +4,7 @@ import re
 
 from scene import Scene
 from screen import names
+from visit import wait_filled
 from wait import wait_for
 
 
@@ -14,7 +15,7 @@ class Settings(Scene):
 
     def open(self, *path, title):
         super().open(*path, title=title)
-        self.wait_filled()
+        wait_filled(self.program, self.board)
 
     def text(self, name):
         return wait_for(f"field {name}", lambda: self.page.find("text", name))

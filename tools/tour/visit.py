@@ -19,6 +19,30 @@ PAYMENT = (5,)
 LANGUAGES = 15
 
 
+def wait_filled(program, board, look=lambda: None):
+    """Waits until all that the open pages watch has been read and what look returns changes no more.
+
+    That is so once something has been read again after the last change, or when nothing is read any
+    more. A number that is typed while the program reads it is lost.
+    """
+    seen, since, readings = None, time.monotonic(), []
+    board.take_readings()
+
+    def filled():
+        nonlocal seen, since
+        new, now = board.take_readings(), look()
+        readings.extend(new)
+        if new or now != seen:
+            since = time.monotonic()
+        if now != seen:
+            seen = now
+            readings[:] = set(readings)
+        return came_round(readings) or (
+            time.monotonic() - since > QUIET and not program.lamp("Transmit"))
+
+    wait_for("page that is filled", filled)
+
+
 class Visit:
     """Stands until its desk is closed. The program folder of the build stays as it is."""
 
@@ -59,28 +83,7 @@ class Visit:
         return page
 
     def _wait_settled(self, page):
-        """Waits until all that the page watches has been read and shows no change.
-
-        That is so once something has been read again after the last change, or when nothing is read
-        any more.
-        """
-        seen, since, readings = None, 0, []
-        self._board.take_readings()
-
-        def settled():
-            nonlocal seen, since
-            new = self._board.take_readings()
-            readings.extend(new)
-            now = self._shown(page)
-            if now != seen or new:
-                since = time.monotonic()
-            if now != seen:
-                seen = now
-                readings[:] = set(readings)
-            return came_round(readings) or (
-                time.monotonic() - since > QUIET and not self._program.lamp("Transmit"))
-
-        wait_for("page at rest", settled)
+        wait_filled(self._program, self._board, lambda: self._shown(page))
 
     @staticmethod
     def _shown(page):
