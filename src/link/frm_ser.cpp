@@ -96,7 +96,6 @@ void FrmSer::OnStep() {
       return;
     case Stage::kUnloaded:
     case Stage::kBox:
-    case Stage::kLastBox:
     case Stage::kStanding:
       return;
   }
@@ -125,7 +124,7 @@ void FrmSer::OpenPort(uint8_t) {
 
 void FrmSer::PortLost() {
   // While a box stands, Retry opens the port once more.
-  if (stage_ != Stage::kBox && stage_ != Stage::kLastBox) ShowPortError();
+  if (stage_ != Stage::kBox) ShowPortError();
 }
 
 void FrmSer::ShowPortError() {
@@ -289,8 +288,8 @@ bool FrmSer::LoadStep(const std::function<void()>& step) {
 }
 
 void FrmSer::ShowAndEnd(const MessageBox& box) {
-  stage_ = Stage::kLastBox;
-  out_.dialogs.Show(box, [this](Answer) {
+  stage_ = Stage::kBox;
+  out_.dialogs.ShowLast(box, [this] {
     if (IsLoaded()) out_.end_program();
   });
 }

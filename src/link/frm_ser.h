@@ -54,9 +54,6 @@ class FrmSer {
 
   bool IsLoaded() const { return stage_ != Stage::kUnloaded; }
 
-  // Whether a box stands whose answer ends the program.
-  bool IsEnding() const { return stage_ == Stage::kLastBox; }
-
   // Set when the port couldn't be opened or the user gave up. The main frame clears it.
   bool ConnectAbandoned = false;
 
@@ -66,7 +63,7 @@ class FrmSer {
   const LinkState& State() const { return state_; }
 
  private:
-  enum class Stage { kUnloaded, kOpening, kWaiting, kBox, kLastBox, kLoading, kStanding };
+  enum class Stage { kUnloaded, kOpening, kWaiting, kBox, kLoading, kStanding };
 
   void OnTick();             // Timer1
   void OnIdentifyTimeout();  // Timer5

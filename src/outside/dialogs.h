@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <string>
+#include <utility>
 
 namespace sorvane {
 
@@ -30,6 +31,18 @@ class Dialogs {
   // button answers kOk; one with Retry and Cancel takes Escape for kCancel. When the program ends
   // while a box stands, the box goes away and answered is never called.
   virtual void Show(const MessageBox& box, std::function<void(Answer)> answered) = 0;
+
+  // Shows a box with one button whose answer ends the program; end is that answer.
+  void ShowLast(const MessageBox& box, std::function<void()> end) {
+    ending_ = true;
+    Show(box, [end = std::move(end)](Answer) { end(); });
+  }
+
+  // Whether such a box has been shown: it stands until the program ends.
+  bool IsEnding() const { return ending_; }
+
+ private:
+  bool ending_ = false;
 };
 
 }  // namespace sorvane

@@ -151,7 +151,7 @@ void MainFrame::FinishLanguageChoice() {
 void MainFrame::closeEvent(QCloseEvent* event) {
   event->accept();
   // While a box stands whose answer ends the program, closing is that answer and nothing more.
-  if (!ending_ && !out_.link.IsEnding()) out_.gate.Run([this] { Exit(); });
+  if (!out_.dialogs.IsEnding()) out_.gate.Run([this] { Exit(); });
   out_.gate.End(0);
 }
 
@@ -174,8 +174,7 @@ void MainFrame::StartSibling() {
 }
 
 void MainFrame::ShowAndEnd(const MessageBox& box) {
-  ending_ = true;
-  out_.dialogs.Show(box, [this](Answer) { out_.gate.End(0); });
+  out_.dialogs.ShowLast(box, [this] { out_.gate.End(0); });
 }
 
 }  // namespace sorvane

@@ -70,7 +70,6 @@ class MainFrame : public QMainWindow {
   std::unique_ptr<MainMenu> menu_;
   std::unique_ptr<PageHost> pages_;
   std::unique_ptr<StatusPanels> panels_;
-  bool ending_ = false;  // a box of the frame's own stands whose answer ends the program
 };
 
 }  // namespace sorvane
