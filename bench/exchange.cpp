@@ -1,5 +1,6 @@
 #include <QEventLoop>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <stdexcept>
 
@@ -11,6 +12,7 @@
 #include "board/board_tables.h"
 #include "link/frame.h"
 #include "link/link_engine.h"
+#include "link/sweep.h"
 #include "platform/com_port_path.h"
 #include "platform/serial_port.h"
 #include "shell/gate/program_gate.h"
@@ -41,8 +43,9 @@ class Ours {
     state_.ExchangeAddress3 = 4;
     state_.ExchangeSize = 1;
     port_->on_comm = [this](int comm_event) { engine_.ReceiveReply(comm_event); };
-    engine_.on_finished = [this] { OnFinished(); };
-    port_->SetCommPort(1);
+    // During identification the engine alone is at work, and hands no reply to the sweep.
+    state_.Identifying = true;
+    engine_.on_line_free = [this] { OnFinished(); };
     port_->SetCommPort(1);
     port_->Open();
   }
@@ -51,7 +54,7 @@ class Ours {
     good_ = 0;
     done_ = 0;
     const double from = ThreadTime();
-    engine_.SendFrame();
+    Ask();
     loop_.exec();
     const double each = PerExchange(from);
     if (good_ != kExchanges) throw std::runtime_error("an exchange of ours failed");
@@ -59,10 +62,15 @@ class Ours {
   }
 
  private:
+  void Ask() {
+    state_.ReplyValue.clear();
+    engine_.SendFrame();
+  }
+
   void OnFinished() {
     if (state_.ReplyValue == Bytes{kLow, kHigh}) ++good_;
     if (++done_ < kExchanges) {
-      engine_.SendFrame();
+      Ask();
     } else {
       loop_.quit();
     }
@@ -80,7 +88,9 @@ class Ours {
   std::unique_ptr<Port> port_ =
       MakeSerialPort([this](int number) { return ComPortPath(folder_.Path(), number); },
                      [this](const std::function<void()>& handler) { gate_.Run(handler); });
-  LinkEngine engine_{state_, tables_, *port_, lamps_, MakeQtTimers(gate_)};
+  std::function<void(const Reply&)> reply_notice_;
+  Sweep sweep_{state_, tables_, reply_notice_};
+  LinkEngine engine_{state_, tables_, *port_, lamps_, sweep_, MakeQtTimers(gate_)};
   int done_ = 0;
   int good_ = 0;
 };

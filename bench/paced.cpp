@@ -75,7 +75,7 @@ class Ours : private Dialogs {
                                   .end_program = [this] { loop_.exit(kFailed); }});
     link_->on_loaded = [this] { loop_.quit(); };
     link_->reply_notice = [this](const Reply& reply) { OnReply(reply); };
-    link_->Load(1);
+    link_->Load();
     if (loop_.exec() != 0) throw std::runtime_error("our side doesn't connect");
   }
 

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <functional>
 #include <stdexcept>
 #include <vector>
 
@@ -85,12 +86,12 @@ std::vector<Result> MeasureSweep() {
   BoardTables tables;
   FillIdle(tables);
   LinkState state;
-  Sweep sweep(state, tables);
+  std::function<void(const Reply&)> reply_notice;
+  Sweep sweep(state, tables, reply_notice);
   int sent = 0;
-  sweep.send_frame = [&] { ++sent; };
 
   const auto pass = [&] {
-    sweep.SweepStep();
+    if (sweep.SweepStep()) ++sent;
     Keep(state.SweepPosition);
   };
   const auto loop = [&] { PlainLoop(tables); };
@@ -102,8 +103,7 @@ std::vector<Result> MeasureSweep() {
   if (sent != 0 || state.SweepPosition != 0) throw std::runtime_error("the table wasn't idle");
   // The last record is in the walk: a mark there is found.
   tables.ParameterTable(kRecords - 1, 0).At(position::kFlags) = flag::kPolled;
-  sweep.SweepStep();
-  if (sent != 1) throw std::runtime_error("the sweep didn't walk over the whole table");
+  if (!sweep.SweepStep()) throw std::runtime_error("the sweep didn't walk over the whole table");
   return {{"sweep", "loop over the flag bytes", kAim, "us", hot},
           {"sweep cold", "the same loop", kAim, "us", cold}};
 }

@@ -43,7 +43,7 @@ class Session {
  private:
   void Load() {
     if (!ser_.IsLoaded()) line_.Loading();
-    ser_.Load(1);
+    ser_.Load();
     Pass(0);
   }
 

@@ -78,7 +78,7 @@ int main(int argc, char** argv) {
                    .settings_file = SettingsFile(program),
                    .pages = ProgramPages(QApplication::applicationDisplayName(), kVersion),
                    .find_usb_port = FindSystemUsbPort,
-                   .start_program = [](const std::filesystem::path& path) { StartProgram(path); }});
+                   .start_program = StartProgram});
   dialogs->SetFrame(&frame);
   // In a large font the pages ask for more than a small screen has; the frame's own title takes
   // some of that, too.

@@ -43,24 +43,20 @@ MessageBox IndexFileBox(const std::string& name) {
 
 FrmSer::FrmSer(Outside outside)
     : out_(std::move(outside)),
-      engine_(state_, out_.tables, out_.port, out_.lamps, out_.make_timer),
-      sweep_(state_, out_.tables),
+      sweep_(state_, out_.tables, reply_notice),
+      engine_(state_, out_.tables, out_.port, out_.lamps, sweep_, out_.make_timer),
       timer1_(out_.make_timer(kTick, [this] { OnTick(); })),
       timer5_(out_.make_timer(kIdentifyLimit, [this] { OnIdentifyTimeout(); })),
       step_(out_.make_timer(kAtOnce, [this] { OnStep(); })) {
   out_.port.on_comm = [this](int comm_event) {
     if (IsLoaded()) engine_.ReceiveReply(comm_event);
   };
-  engine_.on_finished = [this] { sweep_.StoreReply(); };
   engine_.on_line_free = [this] { Post(); };
   engine_.on_port_lost = [this] { PortLost(); };
-  sweep_.send_frame = [this] { engine_.SendFrame(); };
-  sweep_.reply_notice = [this](const Reply& reply) { reply_notice(reply); };
 }
 
-void FrmSer::Load(uint8_t port_number) {
+void FrmSer::Load() {
   if (IsLoaded()) return;
-  port_number_ = port_number;
   state_.RetryCount = 0;
   state_.Identifying = true;
   stage_ = Stage::kOpening;
@@ -84,7 +80,7 @@ void FrmSer::OnStep() {
   step_->Disable();
   switch (stage_) {
     case Stage::kOpening:
-      if (!LoadStep([this] { OpenPort(port_number_); })) return;
+      if (!LoadStep([this] { OpenPort(); })) return;
       if (ConnectAbandoned) return;
       ConnectBoard();
       return;
@@ -103,7 +99,7 @@ void FrmSer::OnStep() {
 
 void FrmSer::OnTick() {
   timer1_->Disable();
-  if (state_.LinkIdle) sweep_.SweepStep();
+  if (state_.LinkIdle && sweep_.SweepStep()) engine_.SendFrame();
   timer1_->Enable();
 }
 
@@ -112,7 +108,7 @@ void FrmSer::OnIdentifyTimeout() {
   if (stage_ == Stage::kWaiting) Post();
 }
 
-void FrmSer::OpenPort(uint8_t) {
+void FrmSer::OpenPort() {
   if (out_.port.PortOpen()) return;
   try {
     out_.port.SetCommPort(kCommPort);

@@ -45,8 +45,9 @@ class FrmSer {
   // Tells every open page of a reply.
   std::function<void(const Reply&)> reply_notice;
 
-  // Starts the connection. Does nothing if the form is loaded or loading.
-  void Load(uint8_t port_number);
+  // Starts the connection, on port number 1 whatever the user chose. Does nothing if the form is
+  // loaded or loading.
+  void Load();
 
   // Stops the timers and closes the port, in whatever state; a running load is given up and nothing
   // more comes of it. Does nothing if the form isn't loaded.
@@ -70,7 +71,7 @@ class FrmSer {
   void OnStep();             // the step that was posted
   void Post();
 
-  void OpenPort(uint8_t port_number);
+  void OpenPort();
   void ConnectBoard();
   void AskSystemParameter();
   void EndWait();
@@ -90,13 +91,12 @@ class FrmSer {
 
   Outside out_;
   LinkState state_;
-  LinkEngine engine_;
   Sweep sweep_;
+  LinkEngine engine_;
   std::unique_ptr<Timer> timer1_;  // sweep tick, 40 ms
   std::unique_ptr<Timer> timer5_;  // limit of identification's wait, 2000 ms
   std::unique_ptr<Timer> step_;    // posts the next step
   Stage stage_ = Stage::kUnloaded;
-  uint8_t port_number_ = 0;
   std::size_t asked_ = 0;  // which of the system parameters is being asked
   int board_number_ = 0;
   std::string index_name_;

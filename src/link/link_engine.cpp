@@ -20,11 +20,12 @@ constexpr uint8_t kRepeatOnTimeout = 2;
 }  // namespace
 
 LinkEngine::LinkEngine(LinkState& state, BoardTables& tables, Port& port, LinkLamps& lamps,
-                       const TimerMaker& make_timer)
+                       Sweep& sweep, const TimerMaker& make_timer)
     : state_(state),
       tables_(tables),
       port_(port),
       lamps_(lamps),
+      sweep_(sweep),
       timer2_(make_timer(kReplyTimeout, [this] { OnReplyTimeout(); })),
       timer3_(make_timer(kLampHold, [this] { OnTransmitHold(); })),
       timer4_(make_timer(kLampHold, [this] { OnReceiveHold(); })) {}
@@ -87,7 +88,7 @@ void LinkEngine::ReceiveReply(int comm_event) {
     state_.LinkIdle = true;
     on_line_free();
   } else {
-    on_finished();
+    sweep_.StoreReply();
   }
 }
 

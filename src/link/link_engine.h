@@ -6,21 +6,21 @@
 #include "board/board_tables.h"
 #include "link/link_lamps.h"
 #include "link/link_state.h"
+#include "link/sweep.h"
 #include "outside/port.h"
 #include "outside/timer.h"
 
 namespace sorvane {
 
 // Runs one exchange at a time: sends the frame that the shared exchange values describe, waits for
-// the reply, checks it, and sends again where it must. What to send is the sweep's or
-// identification's choice. Its three timers are disabled until SendFrame or a reply arms them.
+// the reply, checks it, sends again where it must, and outside identification has the sweep store
+// what came. What to send is the sweep's or identification's choice. Its three timers are disabled
+// until SendFrame or a reply arms them.
 class LinkEngine {
  public:
-  LinkEngine(LinkState& state, BoardTables& tables, Port& port, LinkLamps& lamps,
+  LinkEngine(LinkState& state, BoardTables& tables, Port& port, LinkLamps& lamps, Sweep& sweep,
              const TimerMaker& make_timer);
 
-  // A finished exchange outside identification, with ReplyValue empty if it failed.
-  std::function<void()> on_finished;
   // During identification the line has become free: a reply was accepted or dropped, or a timeout
   // handed the line back.
   std::function<void()> on_line_free;
@@ -49,6 +49,7 @@ class LinkEngine {
   BoardTables& tables_;
   Port& port_;
   LinkLamps& lamps_;
+  Sweep& sweep_;
   std::unique_ptr<Timer> timer2_;  // reply timeout, 1000 ms
   std::unique_ptr<Timer> timer3_;  // transmit lamp hold, 500 ms
   std::unique_ptr<Timer> timer4_;  // receive lamp hold, 500 ms

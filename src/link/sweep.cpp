@@ -27,17 +27,18 @@ bool IsDue(ParameterRecord& record) {
 
 }  // namespace
 
-void Sweep::SweepStep() {
+bool Sweep::SweepStep() {
   do {
     ParameterRecord& record = tables_.ParameterTable(state_.SweepPosition, tables_.BoardIndex);
     if (IsPolled(record) && IsDue(record)) {
-      Send(record);
-      return;
+      FillExchange(record);
+      return true;
     }
     state_.SweepPosition = NextPolled(state_.SweepPosition + 1);
   } while (state_.SweepPosition < tables_.RecordCount(tables_.BoardIndex));
   state_.SweepPosition = 0;
   tables_.BoardIndex = 0;
+  return false;
 }
 
 int32_t Sweep::NextPolled(int32_t position) const {
@@ -47,7 +48,7 @@ int32_t Sweep::NextPolled(int32_t position) const {
   return static_cast<int32_t>(next - records.begin());
 }
 
-void Sweep::Send(ParameterRecord& record) {
+void Sweep::FillExchange(ParameterRecord& record) {
   uint8_t command = record.At(position::kCommand);
   const int size = command & kSizeMask;
   state_.ExchangeValue.clear();
@@ -64,13 +65,12 @@ void Sweep::Send(ParameterRecord& record) {
   state_.ExchangeAddress2 = record.At(position::kAddress2);
   state_.ExchangeAddress3 = record.At(position::kAddress3);
   state_.ExchangeSize = static_cast<uint8_t>(size);
-  send_frame();
 }
 
 void Sweep::StoreReply() {
   ParameterRecord& record = tables_.ParameterTable(state_.SweepPosition, tables_.BoardIndex);
   if (StoreInRecord(record)) {
-    reply_notice(Reply{state_.SweepPosition, state_.ExchangeSize, state_.ReplyValue});
+    reply_notice_(Reply{state_.SweepPosition, state_.ExchangeSize, state_.ReplyValue});
   }
   ++state_.SweepPosition;
   if (state_.SweepPosition == tables_.RecordCount(tables_.BoardIndex)) {

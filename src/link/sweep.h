@@ -9,20 +9,19 @@
 
 namespace sorvane {
 
-// Walks over the parameter table and turns its marks into one exchange at a time.
+// Walks over the parameter table, turns its marks into one exchange at a time, and lays the replies
+// into the table.
 class Sweep {
  public:
-  Sweep(LinkState& state, BoardTables& tables) : state_(state), tables_(tables) {}
+  // reply_notice tells every open page; it may be set later.
+  Sweep(LinkState& state, BoardTables& tables, std::function<void(const Reply&)>& reply_notice)
+      : state_(state), tables_(tables), reply_notice_(reply_notice) {}
 
-  // Sends the frame that the exchange values describe.
-  std::function<void()> send_frame;
-  // Tells every open page.
-  std::function<void(const Reply&)> reply_notice;
-
-  // Walks on to the next record that is due and sends it, or to the end of the table. The tick
-  // calls it while the line is free. The record that the walk stopped at stays the current one
-  // until StoreReply moves on. The file's last record is never reached.
-  void SweepStep();
+  // Walks on to the next record that is due and fills the exchange values from it, or to the end of
+  // the table. Returns whether there is a frame to send. The tick calls it while the line is free.
+  // The record that the walk stopped at stays the current one until StoreReply moves on. The file's
+  // last record is never reached.
+  bool SweepStep();
 
   // Ends an exchange: lays ReplyValue into the current record and tells the pages, moves on, and
   // frees the line. An empty ReplyValue stores nothing. Throws InternalFault for a reply on a
@@ -34,12 +33,12 @@ class Sweep {
   // if that is more, where there is none.
   int32_t NextPolled(int32_t position) const;
 
-  // Fills the exchange values from the record and sends it.
-  void Send(ParameterRecord& record);
+  void FillExchange(ParameterRecord& record);
   bool StoreInRecord(ParameterRecord& record) const;
 
   LinkState& state_;
   BoardTables& tables_;
+  std::function<void(const Reply&)>& reply_notice_;
 };
 
 }  // namespace sorvane

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <vector>
 
 #include "board/errors.h"
@@ -20,7 +21,7 @@ struct StoreReplyTest : ::testing::Test {
     state.ReplyValue = {44, 1};
     Record().At(6) = kPolledAndWatched;
     for (int i = 8; i <= 23; ++i) Record().At(i) = 32;
-    sweep.reply_notice = [this](const Reply& reply) {
+    reply_notice = [this](const Reply& reply) {
       notices.push_back(reply);
       EXPECT_EQ(state.SweepPosition, reply.index);
       EXPECT_FALSE(state.LinkIdle);
@@ -36,7 +37,8 @@ struct StoreReplyTest : ::testing::Test {
 
   LinkState state;
   BoardTables tables;
-  Sweep sweep{state, tables};
+  std::function<void(const Reply&)> reply_notice;
+  Sweep sweep{state, tables, reply_notice};
   std::vector<Reply> notices;
 };
 
@@ -169,7 +171,7 @@ TEST_F(StoreReplyTest, BeyondTheTableThePositionGoesOnUntilTheSweepWraps) {
   tables.RecordCount(0) = 1;
   sweep.StoreReply();
   EXPECT_EQ(state.SweepPosition, 2);
-  sweep.SweepStep();
+  EXPECT_FALSE(sweep.SweepStep());
   EXPECT_EQ(state.SweepPosition, 0);
 }
 

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <vector>
+
 #include "link/frm_ser.h"
 #include "support/link_fixture.h"
 
@@ -16,6 +19,20 @@ const Bytes kRead2 = {1, 0, 0, 2, 3};
 struct Standing : Link {
   explicit Standing(const std::vector<IndexRecord>& rows) : Link(rows) { Connect(); }
   int32_t Position() const { return ser.State().SweepPosition; }
+};
+
+// A sweep of its own, with no line and nobody to tell.
+struct SweepAlone : ::testing::Test {
+  // Makes a step, and notes the record that is to be sent.
+  void Step() {
+    if (sweep.SweepStep()) sent.push_back(state.SweepPosition);
+  }
+
+  LinkState state;
+  BoardTables tables;
+  std::function<void(const Reply&)> reply_notice;
+  Sweep sweep{state, tables, reply_notice};
+  std::vector<int32_t> sent;
 };
 
 TEST(Sweep, ATableWithoutMarksIsWalkedToItsEndOnEveryTick) {
@@ -37,45 +54,33 @@ TEST(Sweep, FromWithinTheTableTheWalkEndsAtItsStart) {
 }
 
 // The position outlives a connection, and the next file may be shorter.
-TEST(Sweep, APositionBeyondTheTableIsLookedAtBeforeTheWalkEnds) {
-  LinkState state;
-  BoardTables tables;
-  Sweep sweep(state, tables);
-  std::vector<int32_t> sent;
-  sweep.send_frame = [&] { sent.push_back(state.SweepPosition); };
+TEST_F(SweepAlone, APositionBeyondTheTableIsLookedAtBeforeTheWalkEnds) {
   tables.RecordCount(0) = 3;
   tables.ParameterTable(8, 0).At(position::kFlags) = flag::kPolled;
   state.SweepPosition = 7;
-  sweep.SweepStep();
+  Step();
   EXPECT_EQ(state.SweepPosition, 0);
   EXPECT_TRUE(sent.empty());
   state.SweepPosition = 8;
-  sweep.SweepStep();
+  Step();
   EXPECT_EQ(sent, std::vector<int32_t>{8});
 }
 
-TEST(Sweep, FromTheLastPlaceOfAllTheWalkEndsAtItsStart) {
-  LinkState state;
-  BoardTables tables;
-  Sweep sweep(state, tables);
+TEST_F(SweepAlone, FromTheLastPlaceOfAllTheWalkEndsAtItsStart) {
   tables.RecordCount(0) = 3;
   state.SweepPosition = BoardTables::kParameterPlaces - 1;
-  sweep.SweepStep();
+  Step();
   EXPECT_EQ(state.SweepPosition, 0);
+  EXPECT_TRUE(sent.empty());
 }
 
-TEST(Sweep, RecordsThatWaitAreEachPassedOnceInAPass) {
-  LinkState state;
-  BoardTables tables;
-  Sweep sweep(state, tables);
-  std::vector<int32_t> sent;
-  sweep.send_frame = [&] { sent.push_back(state.SweepPosition); };
+TEST_F(SweepAlone, RecordsThatWaitAreEachPassedOnceInAPass) {
   tables.RecordCount(0) = 40;
   for (const int32_t index : {1, 2, 17, 39}) {
     tables.ParameterTable(index, 0).At(position::kFlags) = flag::kPolled;
     tables.ParameterTable(index, 0).At(position::kDivider) = 0x23;
   }
-  sweep.SweepStep();
+  Step();
   EXPECT_TRUE(sent.empty());
   EXPECT_EQ(state.SweepPosition, 0);
   for (const int32_t index : {1, 2, 17, 39}) {

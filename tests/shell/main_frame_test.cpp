@@ -203,11 +203,22 @@ TEST(Menu, WithoutAnAdapterNothingStaysCheckedAndNothingIsSaved) {
 }
 
 TEST(Menu, AnotherPortIsChosenAndPortOneIsOpenedAllTheSame) {
-  Program program;
-  program.Start();
-  program.Choose("mnuCox(3)");
-  program.Connect();  // opening any other number is a failure
-  EXPECT_EQ(program.link.wire.Opens(), 1);
+  struct Choice {
+    const char* entry;
+    const char* usb_port;
+  };
+  constexpr Choice kChoices[] = {{"mnuCox(2)", ""},
+                                 {"mnuCox(3)", ""},
+                                 {"mnuUSB", "COM16"},
+                                 {"mnuUSB", "COM0"},
+                                 {"mnuUSB", "COM255"}};
+  for (const auto& [entry, usb_port] : kChoices) {
+    Program program({.usb_port = usb_port});
+    program.Start();
+    program.Choose(entry);
+    program.Connect();  // opening any other number is a failure
+    EXPECT_EQ(program.link.wire.Opens(), 1) << entry << " " << usb_port;
+  }
 }
 
 TEST(Connection, OpensTheBoardEntries) {

@@ -34,7 +34,7 @@ Link::Link(const Setup& setup)
 
 Link::~Link() = default;
 
-void Link::Load() { ser.Load(kChosenPort); }
+void Link::Load() { ser.Load(); }
 
 void Link::Connect() {
   const int before = loaded;

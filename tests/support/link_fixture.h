@@ -85,9 +85,6 @@ class Link {
   int ended = 0;                                // how often the program was ended
 
  private:
-  // A choice that the link doesn't look at.
-  static constexpr uint8_t kChosenPort = 7;
-
   std::uint32_t AddressOf(int parameter) const;
 
   std::vector<IndexRecord> rows_;

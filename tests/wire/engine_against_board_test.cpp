@@ -37,7 +37,7 @@ class Wire : public testing::Test {
     SetBoardDefaults(tables);
     link.on_loaded = [this] { loaded = true; };
     link.reply_notice = [this](const Reply& reply) { notices.push_back(reply); };
-    link.Load(1);
+    link.Load();
   }
   void ConnectAndStand(const std::vector<std::string>& more = {}) {
     Connect(more);
@@ -225,7 +225,7 @@ TEST_F(Wire, WithoutTheBoardThereIsNoPort) {
   board->NextLine();
   SetBoardDefaults(tables);
   link.on_loaded = [this] { loaded = true; };
-  link.Load(1);
+  link.Load();
   ASSERT_TRUE(RunUntil([this] { return !dialogs.Standing().empty(); }));
   dialogs.Expect("Error com", "ERROR ", 16);
 }

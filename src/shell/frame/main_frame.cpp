@@ -108,7 +108,7 @@ void MainFrame::AssignActions() {
 void MainFrame::Connect() {
   if (out_.link.IsLoaded()) return;
   setCursor(Qt::BusyCursor);
-  out_.link.Load(choices_.PortNumber);
+  out_.link.Load();
 }
 
 void MainFrame::OnConnected() {
