@@ -1,12 +1,10 @@
 #include "link/frm_ser.h"
 
-#include <array>
 #include <exception>
 #include <utility>
 
 #include "board/errors.h"
 #include "board/index_file.h"
-#include "board/numbers.h"
 
 namespace sorvane {
 namespace {
@@ -19,21 +17,6 @@ constexpr milliseconds kAtOnce{0};
 
 // The link opens this port whatever the user chose: the choice is shown and saved only.
 constexpr int kCommPort = 1;
-
-// The boards that the program serves.
-constexpr int kBoardNumber = 18;
-constexpr int kBoardType = 309;
-
-// The system parameters, in the order in which the board is asked.
-constexpr int kAnyAnswer = 1;
-constexpr int kRevision = 17;
-constexpr int kSoftware = 11;
-constexpr int kBoard = 12;
-constexpr int kTypeLow = 13;
-constexpr int kTypeHigh = 14;
-constexpr int kParameter18 = 18;
-constexpr std::array<int, 7> kAsked = {kAnyAnswer, kRevision, kSoftware,   kBoard,
-                                       kTypeLow,   kTypeHigh, kParameter18};
 
 }  // namespace
 
@@ -141,7 +124,8 @@ void FrmSer::ConnectBoard() {
 }
 
 void FrmSer::AskSystemParameter() {
-  const SystemRecord& record = out_.tables.SystemTable(kAsked[asked_], out_.tables.BoardIndex);
+  const SystemRecord& record =
+      out_.tables.SystemTable(Identification::kAsked[asked_], out_.tables.BoardIndex);
   state_.ExchangeAddress3 = record.At(position::kAddress3);
   state_.ExchangeAddress2 = record.At(position::kAddress2);
   state_.ExchangeCommand = record.At(position::kCommand);
@@ -190,47 +174,14 @@ void FrmSer::AskAgain() {
 }
 
 void FrmSer::TakeSystemParameter(uint8_t value) {
-  BoardTables& tables = out_.tables;
-  switch (kAsked[asked_]) {
-    case kRevision:
-      tables.IndexRevision = value;
-      break;
-    case kSoftware:
-      tables.IndexSoftware = value;
-      break;
-    case kBoard:
-      board_number_ = value;
-      break;
-    case kTypeLow:
-      tables.IndexType = value;
-      break;
-    case kTypeHigh:
-      // A type above 32767 doesn't fit the variable.
-      tables.IndexType = ToInt16(tables.IndexType + 256 * value);
-      break;
-    case kParameter18:
-      BoardParameter18 = value;
-      break;
-    default:
-      break;
-  }
-  if (++asked_ < kAsked.size()) {
+  identification_.Take(out_.tables, Identification::kAsked[asked_], value);
+  if (++asked_ < Identification::kAsked.size()) {
     AskSystemParameter();
-  } else {
-    Decide();
+    return;
   }
-}
-
-void FrmSer::Decide() {
-  // The last test that fails is the one that the user reads.
-  std::string message;
-  if (board_number_ != kBoardNumber) message = "Board\nNot Compatible";
-  if (out_.tables.IndexType != kBoardType) message = "Board Type\nNot Compatible";
-  if (BoardParameter18 < 0 || out_.tables.IndexSoftware != out_.tables.BoardSoftwareNumber) {
-    message = "Board Software\nNot Compatible";
-  }
-  if (!message.empty()) {
-    ShowAndEnd({message, "ERROR", kCriticalIcon});
+  const std::string refusal = identification_.Refusal(out_.tables);
+  if (!refusal.empty()) {
+    ShowAndEnd({refusal, "ERROR", kCriticalIcon});
     return;
   }
   stage_ = Stage::kLoading;

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "board/board_tables.h"
+#include "board/identification.h"
 #include "link/link_engine.h"
 #include "link/link_lamps.h"
 #include "link/link_state.h"
@@ -58,10 +59,10 @@ class FrmSer {
   // Set when the port couldn't be opened or the user gave up. The main frame clears it.
   bool ConnectAbandoned = false;
 
-  // The value of system parameter 18, as the board last answered it.
-  int BoardParameter18 = 0;
-
   const LinkState& State() const { return state_; }
+
+  // What the board last told of itself.
+  const Identification& Told() const { return identification_; }
 
  private:
   enum class Stage { kUnloaded, kOpening, kWaiting, kBox, kLoading, kStanding };
@@ -76,7 +77,6 @@ class FrmSer {
   void AskSystemParameter();
   void EndWait();
   void TakeSystemParameter(uint8_t value);
-  void Decide();
   void LoadSecondLevelFile();
   void FinishLoad();
   void AskAgain();
@@ -98,7 +98,7 @@ class FrmSer {
   std::unique_ptr<Timer> step_;    // posts the next step
   Stage stage_ = Stage::kUnloaded;
   std::size_t asked_ = 0;  // which of the system parameters is being asked
-  int board_number_ = 0;
+  Identification identification_;
   std::string index_name_;
 };
 

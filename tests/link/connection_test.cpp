@@ -113,7 +113,7 @@ TEST_F(ConnectionTest, OfThreeThatAreWrongTheSoftwareIsTold) {
 TEST_F(ConnectionTest, Parameter18MayHaveAnyValue) {
   link.SetSystem(18, 255);
   Play();
-  EXPECT_EQ(link.ser.BoardParameter18, 255);
+  EXPECT_EQ(link.ser.Told().BoardParameter18, 255);
   EXPECT_EQ(link.loaded, 1);
 }
 

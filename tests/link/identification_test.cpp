@@ -29,7 +29,7 @@ TEST_F(IdentificationTest, TakesTheNumbersFromTheirParameters) {
   EXPECT_EQ(link.tables.IndexRevision, 7);
   EXPECT_EQ(link.tables.IndexSoftware, 0);
   EXPECT_EQ(link.tables.IndexType, 309);
-  EXPECT_EQ(link.ser.BoardParameter18, 200);
+  EXPECT_EQ(link.ser.Told().BoardParameter18, 200);
   EXPECT_EQ(link.tables.RecordCount(0), 5);
   EXPECT_EQ(link.loaded, 1);
 }
@@ -51,7 +51,7 @@ TEST_F(IdentificationTest, AnAnswerChangesItsOwnNumberOnly) {
   EXPECT_EQ(link.tables.IndexType, 53);
   Reply(1);
   EXPECT_EQ(link.tables.IndexType, 309);
-  EXPECT_EQ(link.ser.BoardParameter18, 0);
+  EXPECT_EQ(link.ser.Told().BoardParameter18, 0);
 }
 
 TEST_F(IdentificationTest, AsksAtTheWholeAddressThatTheFileGives) {
@@ -112,7 +112,7 @@ TEST_F(IdentificationTest, TheEndStopsTheReplyTimeoutAndPutsTheErrorLampOut) {
   EXPECT_EQ(link.lamps.Tag(4), 6);
   link.clock.Advance(500);
   EXPECT_EQ(link.loaded, 1);
-  EXPECT_EQ(link.ser.BoardParameter18, 5);
+  EXPECT_EQ(link.ser.Told().BoardParameter18, 5);
   EXPECT_EQ(link.lamps.Tag(4), 3);
   link.wire.Forget();
   const int closes = link.wire.Closes();
