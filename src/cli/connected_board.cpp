@@ -102,28 +102,44 @@ Snapshot ConnectedBoard::Take(std::span<const CatalogueEntry* const> entries, co
                     .decimals = Style().decimals,
                     .complete = true,
                     .values = {}};
-  const NumberStyle style = snapshot.Style('.');
-  const auto keep = [&](const CatalogueEntry& entry, int32_t number, const std::string& name) {
-    const auto raw = TryRead(number, name);
-    if (raw) {
-      snapshot.values.push_back(
-          {.number = number, .name = name, .raw = *raw, .shown = ShownValue(entry, *raw, style)});
-    } else if (!taking.partial || session_.IsLost()) {
-      throw Failure(ExitCode::kNoBoard, "the board doesn't answer for " + name);
-    } else {
-      console.Complain("the board doesn't answer for " + name);
-      snapshot.complete = false;
-    }
-  };
-  int done = 0;
+  std::vector<Place> places;
   for (const CatalogueEntry* entry : entries) {
-    console.ShowProgress("reading", ++done, static_cast<int>(entries.size()));
     if (!Has(*entry)) continue;
-    keep(*entry, entry->number, entry->name);
-    if (taking.mirrors && entry->mirror != 0) keep(*entry, entry->mirror, MirrorName(*entry));
+    places.push_back({entry, entry->number, entry->name});
+    const bool copy = taking.mirrors && session_.SizeOf(entry->mirror) != 0;
+    if (copy) places.push_back({entry, entry->mirror, MirrorName(*entry)});
   }
-  std::ranges::sort(snapshot.values, {}, &HeldValue::number);
+  std::ranges::sort(places, {}, &Place::number);
+  std::size_t done = 0;
+  while (done < places.size()) {
+    CheckInterrupted();
+    console.ShowProgress("reading", static_cast<int>(done), static_cast<int>(places.size()));
+    const std::size_t count = std::min(Session::kAtOnce, places.size() - done);
+    const auto wanted = std::span(places).subspan(done, count);
+    const std::size_t answered = Keep(wanted, snapshot);
+    done += answered;
+    if (answered == count) continue;
+    const std::string words = "the board doesn't answer for " + places[done].name;
+    if (!taking.partial || session_.IsLost()) throw Failure(ExitCode::kNoBoard, words);
+    console.Complain(words);
+    snapshot.complete = false;
+    ++done;
+  }
   return snapshot;
+}
+
+std::size_t ConnectedBoard::Keep(std::span<const Place> places, Snapshot& snapshot) {
+  std::vector<int32_t> numbers;
+  for (const Place& place : places) numbers.push_back(place.number);
+  std::vector<Bytes> values = session_.Read(numbers);
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    const Place& place = places[i];
+    snapshot.values.push_back({.number = place.number,
+                               .name = place.name,
+                               .raw = values[i],
+                               .shown = ShownValue(*place.entry, values[i], snapshot.Style('.'))});
+  }
+  return values.size();
 }
 
 std::vector<const CatalogueEntry*> ChosenEntries(

@@ -59,6 +59,17 @@ class ConnectedBoard {
     Port& port_;
   };
 
+  // A parameter, or the second copy of one.
+  struct Place {
+    const CatalogueEntry* entry;
+    int32_t number;
+    std::string name;
+  };
+
+  // Adds the values of a few parameters to a snapshot, up to the first that the board doesn't
+  // answer. Gives how many.
+  std::size_t Keep(std::span<const Place> places, Snapshot& snapshot);
+
   std::optional<Bytes> TryRead(int32_t number, const std::string& name);
   void CheckInterrupted() const;
 

@@ -17,6 +17,8 @@ constexpr milliseconds kAnswerLimit{1000};
 // So long nothing must come before a frame goes out behind trouble. An answer names no parameter:
 // one that is up to half a second late must not be taken for that of the next frame.
 constexpr milliseconds kSilence{500};
+// As long as USB adapters keep bytes back, and some more.
+constexpr milliseconds kBetweenBytes{20};
 // A line that never falls silent isn't waited for.
 constexpr int kMostWaits = 20;
 
@@ -76,8 +78,10 @@ std::optional<Bytes> Exchange::Ask(const Bytes& frame, std::size_t length,
   for (int i = 0; i < kTries && !lost_; ++i) {
     const TryOutcome outcome = Try(frame, length, accepts);
     if (on_try) on_try(frame, received_, outcome);
-    unclean_ = unclean_ || outcome != TryOutcome::kGood;
     lost_ = outcome == TryOutcome::kLost;
+    doubtful_ = doubtful_ || outcome == TryOutcome::kWrongAnswer;
+    // The answer to a repeated frame may have been that to the first, and its own may come yet.
+    unclean_ = i > 0 || outcome != TryOutcome::kGood;
     if (outcome == TryOutcome::kGood) return std::exchange(received_, {});
   }
   return std::nullopt;
@@ -87,6 +91,7 @@ TryOutcome Exchange::Try(const Bytes& frame, std::size_t length,
                          const std::function<bool(const Bytes&)>& accepts) {
   // Nobody has asked for what came since the last answer.
   Take();
+  doubtful_ = doubtful_ || (!unclean_ && !received_.empty());
   if (unclean_ || !received_.empty()) EmptyLine();
   received_.clear();
   try {
@@ -100,6 +105,15 @@ TryOutcome Exchange::Try(const Bytes& frame, std::size_t length,
   if (!complete) return TryOutcome::kSilent;
   const bool right = received_.size() == length && accepts(received_);
   return right ? TryOutcome::kGood : TryOutcome::kWrongAnswer;
+}
+
+bool Exchange::InStep() {
+  Take();
+  const bool more = wait_(kBetweenBytes, [this] { return !received_.empty() || port_.Vanished(); });
+  const bool in_step = !more && !doubtful_;
+  if (more || unclean_) EmptyLine();
+  doubtful_ = false;
+  return in_step;
 }
 
 void Exchange::EmptyLine() {

@@ -56,6 +56,13 @@ class Exchange {
   // hasn't, the board may hold either value.
   bool Write(const Address& address, const Bytes& value);
 
+  // Whether all answers since the last call were those of their frames. An answer names no
+  // parameter, and a byte too many behind one is taken for the first of the next; where values are
+  // 0 sums tell nothing, and each answer may be that of the frame before. So answers count only
+  // once the line has been silent behind them, for as long as adapters keep bytes back. Lets the
+  // line fall silent, so that the next answer is its frame's.
+  bool InStep();
+
   // Whether the port's device has vanished. Further calls find nothing then, and at once.
   bool IsLost() const { return lost_; }
 
@@ -72,7 +79,8 @@ class Exchange {
   WaitFor wait_;
   Bytes received_;
   bool lost_ = false;
-  bool unclean_ = false;  // bytes that nobody asked for may still be on their way
+  bool unclean_ = false;   // bytes that nobody asked for may still be on their way
+  bool doubtful_ = false;  // since the last InStep: bytes came that were no answer
 };
 
 }  // namespace sorvane

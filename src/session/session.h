@@ -3,7 +3,9 @@
 #include <cstdint>
 #include <filesystem>
 #include <optional>
+#include <span>
 #include <string>
+#include <vector>
 
 #include "board/board_tables.h"
 #include "board/reply.h"
@@ -54,7 +56,13 @@ class Session {
   // Bytes of a parameter's value, 1 to 16; 0 where the index file has no such record.
   int SizeOf(int32_t number) const;
 
-  // The board's value; empty where it doesn't answer. The index file has the parameter.
+  // The board's values, in the order asked, up to the first that it doesn't answer rightly; the
+  // index file has all of them. Of a few dozen at a time a person can see the progress, and an
+  // answer out of step costs no more than that many.
+  static constexpr std::size_t kAtOnce = 64;
+  std::vector<Bytes> Read(std::span<const int32_t> numbers);
+
+  // The same of one.
   std::optional<Bytes> Read(int32_t number);
 
   // Writes a value as long as the parameter, then its second copy (number 0: none), then reads the
@@ -70,6 +78,8 @@ class Session {
 
  private:
   Address AddressOf(int32_t number) const;
+  // The answers to the questions of identification; fewer where the board doesn't answer.
+  Bytes AskWhoItIs();
 
   Exchange& exchange_;
   std::filesystem::path folder_;

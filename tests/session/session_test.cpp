@@ -3,6 +3,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <memory>
+#include <vector>
+
 #include "session/session_rig.h"
 
 namespace sorvane::test {
@@ -156,6 +159,48 @@ TEST_F(Conversing, AWriteThatCanNotBeReadBackIsUnsure) {
   EXPECT_EQ(outcome.proof, Proof::kUnsure);
   EXPECT_THAT(outcome.read_back, IsEmpty());
   EXPECT_FALSE(session.IsLost());
+}
+
+TEST_F(Conversing, AnswersThatGotOutOfStepAreAskedForAgain) {
+  // A millisecond for each byte, and a byte too many behind the first answer. With the zeros of the
+  // second it makes a good answer to the second frame, and what is left of that with 7, 7 one to
+  // the third: 0, 7.
+  std::vector<Bytes> answers = {{7, 7, 14}, {0, 0, 0}, {0, 0, 0},
+                                {7, 7, 14}, {0, 0, 0}, {0, 0, 0, 0}};
+  std::vector<std::unique_ptr<Timer>> on_the_way;
+  wire.on_output = [&](const Bytes&) {
+    ASSERT_FALSE(answers.empty());
+    int delay = 5;
+    for (const uint8_t byte : answers.back()) {
+      on_the_way.push_back(clock.Maker()(std::chrono::milliseconds(delay++),
+                                         [this, byte, &on_the_way, k = on_the_way.size()] {
+                                           on_the_way[k]->Disable();
+                                           wire.Deliver({byte});
+                                         }));
+      on_the_way.back()->Enable();
+    }
+    answers.pop_back();
+  };
+  const std::vector<int32_t> numbers = {1, 2, 3};
+  EXPECT_THAT(session.Read(numbers),
+              ElementsAre(ElementsAre(0, 0), ElementsAre(0, 0), ElementsAre(7, 7)));
+  EXPECT_TRUE(answers.empty());
+}
+
+TEST_F(Conversing, ALineThatNeverKeepsStepAnswersNothing) {
+  board.AnswerByteByByte(true);
+  board.AddByte(100);
+  EXPECT_EQ(session.Read(3), std::nullopt);
+}
+
+TEST_F(Conversing, ReadingStopsAtTheFirstThatIsNotAnswered) {
+  int frame = 0;
+  exchange.on_try = [&](const Bytes&, const Bytes&, TryOutcome) {
+    if (++frame == 1) board.StaySilent(3);
+  };
+  const std::vector<int32_t> numbers = {3, 5, 3};
+  EXPECT_THAT(session.Read(numbers), ElementsAre(ElementsAre(1, 0)));
+  EXPECT_EQ(frame, 4);
 }
 
 TEST_F(Conversing, ACableThatIsPulledIsTold) {

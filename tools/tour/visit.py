@@ -20,7 +20,7 @@ LANGUAGES = 15
 
 
 def wait_filled(program, board, look=lambda: None):
-    """Waits until all that the open pages watch has been read and what look returns changes no more.
+    """Waits until all that the open pages watch has been read and look returns the same as before.
 
     That is so once something has been read again after the last change, or when nothing is read any
     more. A number that is typed while the program reads it is lost.
