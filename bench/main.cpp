@@ -20,7 +20,7 @@ struct MeasureRow {
 constexpr MeasureRow kMeasures[] = {
     {"sweep", MeasureSweep},   {"exchange", MeasureExchange}, {"paced", MeasurePaced},
     {"notice", MeasureNotice}, {"alarms", MeasureAlarms},     {"connecting", MeasureConnecting},
-    {"start", MeasureStart},   {"idle", MeasureIdle},
+    {"backup", MeasureBackup}, {"start", MeasureStart},       {"idle", MeasureIdle},
 };
 
 // Prints what a measure came to. Returns whether nothing has failed.

@@ -31,6 +31,11 @@ std::vector<Result> MeasureAlarms();
 // that its bytes take on the wire. Wall time.
 std::vector<Result> MeasureConnecting();
 
+// A backup of all settings at 19200 baud, and a restore in which nothing differs, against the time
+// that their bytes take on the wire; and the most memory of a backup against an empty program of Qt
+// Core. Wall time, of the shipped program from its start to its end.
+std::vector<Result> MeasureBackup();
+
 // Wall time until a window is painted and answers, the most memory until then and the memory of the
 // program's own then, each against a bare window of Qt with menu bar, status bar and MDI area.
 std::vector<Result> MeasureStart();

@@ -8,8 +8,16 @@
 
 namespace sorvane {
 
-// The PC's mirror of the board, for the whole run. There is room for one board, number 0.
-class BoardTables {
+// The numbers that name the second-level file of a board.
+struct IndexNumbers {
+  int16_t IndexType = 0;
+  int16_t IndexSoftware = 0;
+  int16_t IndexRevision = 0;
+};
+
+// The PC's mirror of the board, for the whole run, with the numbers of the second-level file to
+// load. There is room for one board, number 0.
+class BoardTables : public IndexNumbers {
  public:
   static constexpr int kParameterPlaces = 33001;  // index 0 to 33000; 0 is never filled
   static constexpr int kSystemPlaces = 21;        // index 0 to 20; 0 is never filled
@@ -42,11 +50,6 @@ class BoardTables {
   int16_t BoardTypeNumber = 0;
   int16_t BoardSoftwareNumber = 0;
   int16_t BoardRevisionNumber = 0;
-
-  // The numbers that name the second-level file to load.
-  int16_t IndexType = 0;
-  int16_t IndexSoftware = 0;
-  int16_t IndexRevision = 0;
 
   uint8_t BoardIndex = 0;
 

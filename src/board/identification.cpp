@@ -18,23 +18,23 @@ constexpr int kParameter18 = 18;
 
 }  // namespace
 
-void Identification::Take(BoardTables& tables, int system_parameter, uint8_t value) {
+void Identification::Take(IndexNumbers& numbers, int system_parameter, uint8_t value) {
   switch (system_parameter) {
     case kRevision:
-      tables.IndexRevision = value;
+      numbers.IndexRevision = value;
       break;
     case kSoftware:
-      tables.IndexSoftware = value;
+      numbers.IndexSoftware = value;
       break;
     case kBoard:
       board_number_ = value;
       break;
     case kTypeLow:
-      tables.IndexType = value;
+      numbers.IndexType = value;
       break;
     case kTypeHigh:
       // A type above 32767 doesn't fit the variable.
-      tables.IndexType = ToInt16(tables.IndexType + 256 * value);
+      numbers.IndexType = ToInt16(numbers.IndexType + 256 * value);
       break;
     case kParameter18:
       BoardParameter18 = value;
@@ -44,12 +44,12 @@ void Identification::Take(BoardTables& tables, int system_parameter, uint8_t val
   }
 }
 
-std::string Identification::Refusal(const BoardTables& tables) const {
+std::string Identification::Refusal(const IndexNumbers& numbers, int16_t software) const {
   // The last test that fails is the one that the user reads.
   std::string message;
   if (board_number_ != kBoardNumber) message = "Board\nNot Compatible";
-  if (tables.IndexType != kBoardType) message = "Board Type\nNot Compatible";
-  if (BoardParameter18 < 0 || tables.IndexSoftware != tables.BoardSoftwareNumber) {
+  if (numbers.IndexType != kBoardType) message = "Board Type\nNot Compatible";
+  if (BoardParameter18 < 0 || numbers.IndexSoftware != software) {
     message = "Board Software\nNot Compatible";
   }
   return message;

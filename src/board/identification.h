@@ -15,12 +15,13 @@ class Identification {
   // do.
   static constexpr std::array<int, 7> kAsked = {1, 17, 11, 12, 13, 14, 18};
 
-  // Takes the board's answer to one of them; what names the index file goes to tables. Throws
+  // Takes the board's answer to one of them; what names the index file goes to numbers. Throws
   // RuntimeError kOverflow for a board type above 32767.
-  void Take(BoardTables& tables, int system_parameter, uint8_t value);
+  void Take(IndexNumbers& numbers, int system_parameter, uint8_t value);
 
   // Why the program doesn't serve this board, once all have been answered; empty if it does.
-  std::string Refusal(const BoardTables& tables) const;
+  // software is the number that the program serves.
+  std::string Refusal(const IndexNumbers& numbers, int16_t software) const;
 
   // The value of system parameter 18, as the board last answered it.
   int BoardParameter18 = 0;

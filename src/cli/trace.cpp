@@ -39,7 +39,7 @@ std::string Masked(const Bytes& bytes, std::size_t from) {
 
 }  // namespace
 
-Trace::Trace(const std::filesystem::path& file, const Catalogue& catalogue, Session& session,
+Trace::Trace(const std::filesystem::path& file, const Catalogue& catalogue, const Session& session,
              std::function<QDateTime()> now)
     : catalogue_(catalogue),
       session_(session),
@@ -59,7 +59,7 @@ void Trace::Tell(const Bytes& sent, const Bytes& received, TryOutcome outcome) {
        << std::flush;
 }
 
-Trace::Subject Trace::SubjectOf(const Bytes& sent) {
+Trace::Subject Trace::SubjectOf(const Bytes& sent) const {
   const Address address{.command = static_cast<uint8_t>(sent[0] & ~kWriteBit),
                         .address1 = sent[1],
                         .address2 = sent[2],

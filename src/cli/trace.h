@@ -17,7 +17,7 @@ namespace sorvane::cli {
 class Trace {
  public:
   // Throws Failure kUsage where the file can't be written.
-  Trace(const std::filesystem::path& file, const Catalogue& catalogue, Session& session,
+  Trace(const std::filesystem::path& file, const Catalogue& catalogue, const Session& session,
         std::function<QDateTime()> now);
 
   void Tell(const Bytes& sent, const Bytes& received, TryOutcome outcome);
@@ -28,10 +28,10 @@ class Trace {
     std::string name;
     bool secret = false;
   };
-  Subject SubjectOf(const Bytes& sent);
+  Subject SubjectOf(const Bytes& sent) const;
 
   const Catalogue& catalogue_;
-  Session& session_;
+  const Session& session_;
   std::function<QDateTime()> now_;
   std::ofstream out_;
 };

@@ -179,7 +179,7 @@ void FrmSer::TakeSystemParameter(uint8_t value) {
     AskSystemParameter();
     return;
   }
-  const std::string refusal = identification_.Refusal(out_.tables);
+  const std::string refusal = identification_.Refusal(out_.tables, out_.tables.BoardSoftwareNumber);
   if (!refusal.empty()) {
     ShowAndEnd({refusal, "ERROR", kCriticalIcon});
     return;

@@ -3,46 +3,42 @@
 #include <utility>
 
 #include "board/errors.h"
-#include "board/identification.h"
-#include "board/index_file.h"
+#include "board/record.h"
 
 namespace sorvane {
 namespace {
 
-constexpr int kBoard = 0;
+// The board that is served.
+constexpr int16_t kType = 309;
+constexpr int16_t kSoftware = 0;
 
 // So often a piece of reading is begun anew where answers have got out of step.
 constexpr int kRounds = 3;
 
-template <int kLength>
-Address AddressIn(const Record<kLength>& record) {
-  return {.command = record.At(position::kCommand),
-          .address1 = record.At(position::kAddress1),
-          .address2 = record.At(position::kAddress2),
-          .address3 = record.At(position::kAddress3)};
+Address AddressIn(const std::vector<IndexRecord>& records, int32_t number) {
+  if (static_cast<std::size_t>(number) > records.size()) return {};
+  const IndexRecord& record = records[static_cast<std::size_t>(number - 1)];
+  return {.command = record.command,
+          .address1 = record.address1,
+          .address2 = record.address2,
+          .address3 = record.address3};
 }
 
 }  // namespace
 
 Session::Session(Exchange& exchange, std::filesystem::path folder)
-    : exchange_(exchange), folder_(std::move(folder)) {
-  SetBoardDefaults(tables_);
-}
+    : exchange_(exchange), folder_(std::move(folder)) {}
 
 Identified Session::Identify() {
   try {
-    index_name_ = FirstLevelName(tables_.BoardTypeNumber);
-    LoadFirstLevel(tables_, folder_);
-    const Bytes answers = AskWhoItIs();
-    if (answers.size() < Identification::kAsked.size()) return Identified::kNoAnswer;
-    Identification identification;
-    for (std::size_t i = 0; i < answers.size(); ++i) {
-      identification.Take(tables_, Identification::kAsked[i], answers[i]);
-    }
-    refusal_ = identification.Refusal(tables_);
+    index_name_ = FirstLevelName(kType);
+    system_parameters_ = ReadIndexFile(folder_ / index_name_, kFirstLevelSize);
+    if (!AskWhoItIs()) return Identified::kNoAnswer;
+    refusal_ = board_.Refusal(numbers_, kSoftware);
     if (!refusal_.empty()) return Identified::kRefused;
-    tables_.BoardPresent(kBoard) = true;
-    LoadSecondLevel(tables_, folder_, index_name_);
+    index_name_ =
+        SecondLevelName(numbers_.IndexType, numbers_.IndexSoftware, numbers_.IndexRevision);
+    parameters_ = ReadIndexFile(folder_ / index_name_, kSecondLevelSize);
   } catch (const RuntimeError& error) {
     if (error.Code() != ErrorCode::kOverflow) return Identified::kNoIndexFile;
     refusal_ = "Board Type\nNot Compatible";
@@ -52,21 +48,20 @@ Identified Session::Identify() {
 }
 
 int Session::SizeOf(int32_t number) const {
-  if (number < 1 || number > tables_.RecordCount(kBoard)) return 0;
-  return (tables_.ParameterTable(number, kBoard).At(position::kCommand) & kSizeMask) + 1;
+  if (number < 1 || static_cast<std::size_t>(number) > parameters_.size()) return 0;
+  return (AddressOf(number).command & kSizeMask) + 1;
 }
 
-Bytes Session::AskWhoItIs() {
+bool Session::AskWhoItIs() {
   for (int i = 0; i < kRounds; ++i) {
-    Bytes answers;
     for (const int number : Identification::kAsked) {
-      const auto value = exchange_.Read(AddressIn(tables_.SystemTable(number, kBoard)), 1);
-      if (!value) return answers;
-      answers.push_back(value->front());
+      const auto value = exchange_.Read(SystemAddressOf(number), 1);
+      if (!value) return false;
+      board_.Take(numbers_, number, value->front());
     }
-    if (exchange_.InStep()) return answers;
+    if (exchange_.InStep()) return true;
   }
-  return {};
+  return false;
 }
 
 std::vector<Bytes> Session::Read(std::span<const int32_t> numbers) {
@@ -108,15 +103,15 @@ int32_t Session::ParameterAt(const Address& address) const {
   return 0;
 }
 
-int Session::SystemParameterAt(const Address& address) {
+int Session::SystemParameterAt(const Address& address) const {
   for (const int number : Identification::kAsked) {
-    if (AddressIn(tables_.SystemTable(number, kBoard)) == address) return number;
+    if (SystemAddressOf(number) == address) return number;
   }
   return 0;
 }
 
-Address Session::AddressOf(int32_t number) const {
-  return AddressIn(tables_.ParameterTable(number, kBoard));
-}
+Address Session::AddressOf(int32_t number) const { return AddressIn(parameters_, number); }
+
+Address Session::SystemAddressOf(int number) const { return AddressIn(system_parameters_, number); }
 
 }  // namespace sorvane

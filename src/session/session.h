@@ -7,7 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "board/board_tables.h"
+#include "board/identification.h"
+#include "board/index_file.h"
 #include "board/reply.h"
 #include "session/exchange.h"
 
@@ -49,9 +50,9 @@ class Session {
   // The second-level file of the board, "W0309AA00.inx"; the first-level one while that is missing.
   const std::string& IndexName() const { return index_name_; }
 
-  int Type() const { return tables_.IndexType; }
-  int Software() const { return tables_.IndexSoftware; }
-  int Revision() const { return tables_.IndexRevision; }
+  int Type() const { return numbers_.IndexType; }
+  int Software() const { return numbers_.IndexSoftware; }
+  int Revision() const { return numbers_.IndexRevision; }
 
   // Bytes of a parameter's value, 1 to 16; 0 where the index file has no such record.
   int SizeOf(int32_t number) const;
@@ -74,16 +75,20 @@ class Session {
 
   // The number of the parameter or system parameter that is read at an address; 0 for none.
   int32_t ParameterAt(const Address& address) const;
-  int SystemParameterAt(const Address& address);
+  int SystemParameterAt(const Address& address) const;
 
  private:
   Address AddressOf(int32_t number) const;
-  // The answers to the questions of identification; fewer where the board doesn't answer.
-  Bytes AskWhoItIs();
+  Address SystemAddressOf(int number) const;
+  // Has the board answer the questions of identification; false where it doesn't.
+  bool AskWhoItIs();
 
   Exchange& exchange_;
   std::filesystem::path folder_;
-  BoardTables tables_;
+  std::vector<IndexRecord> system_parameters_;  // number 1 first
+  std::vector<IndexRecord> parameters_;
+  IndexNumbers numbers_;
+  Identification board_;
   std::string refusal_;
   std::string index_name_;
 };

@@ -13,19 +13,18 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 struct Identifying : testing::Test {
-  BoardTables tables;
+  IndexNumbers numbers;
   Identification identification;
 
   Identifying() {
-    SetBoardDefaults(tables);
     for (const auto& [number, value] :
          {std::pair(1, 99), std::pair(17, 7), std::pair(11, 0), std::pair(12, 18),
           std::pair(13, 53), std::pair(14, 1), std::pair(18, 200)}) {
       Take(number, static_cast<uint8_t>(value));
     }
   }
-  void Take(int number, uint8_t value) { identification.Take(tables, number, value); }
-  std::string Refusal() const { return identification.Refusal(tables); }
+  void Take(int number, uint8_t value) { identification.Take(numbers, number, value); }
+  std::string Refusal() const { return identification.Refusal(numbers, 0); }
 };
 
 TEST_F(Identifying, TheBoardIsAskedInThisOrder) {
@@ -34,9 +33,9 @@ TEST_F(Identifying, TheBoardIsAskedInThisOrder) {
 
 TEST_F(Identifying, ABoardOfTheServedKindIsTaken) {
   EXPECT_THAT(Refusal(), IsEmpty());
-  EXPECT_EQ(tables.IndexType, 309);
-  EXPECT_EQ(tables.IndexSoftware, 0);
-  EXPECT_EQ(tables.IndexRevision, 7);
+  EXPECT_EQ(numbers.IndexType, 309);
+  EXPECT_EQ(numbers.IndexSoftware, 0);
+  EXPECT_EQ(numbers.IndexRevision, 7);
   EXPECT_EQ(identification.BoardParameter18, 200);
 }
 
