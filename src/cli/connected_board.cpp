@@ -6,6 +6,7 @@
 #include "board/errors.h"
 #include "board/parameter.h"
 #include "cli/snapshot_file.h"
+#include "cli/utc_text.h"
 
 namespace sorvane::cli {
 namespace {
@@ -90,7 +91,7 @@ NumberStyle ConnectedBoard::Style() {
 
 Snapshot ConnectedBoard::Take(std::span<const CatalogueEntry* const> entries, const Taking& taking,
                               Console& console) {
-  Snapshot snapshot{.time = around_.now().toUTC().toString(Qt::ISODate).toStdString(),
+  Snapshot snapshot{.time = UtcText(around_.utc_now()),
                     .program = around_.program,
                     .type = session_.Type(),
                     .software = session_.Software(),

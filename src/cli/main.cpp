@@ -1,6 +1,7 @@
 #include <QCoreApplication>
 #include <QDateTime>
 #include <QStandardPaths>
+#include <chrono>
 #include <filesystem>
 #include <iostream>
 
@@ -55,6 +56,8 @@ int main(int argc, char** argv) {
       .port = *port,
       .wait = WaitInEventLoop(),
       .now = [] { return QDateTime::currentDateTime(); },
+      .utc_now =
+          [] { return std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now()); },
       .interrupted = IsEndWanted,
       .list_ports = ListedPorts,
       .port_holder = [&] { return PortHolder(device); },

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDateTime>
+#include <chrono>
 #include <filesystem>
 #include <functional>
 #include <string>
@@ -23,7 +24,8 @@ struct ListedPort {
 struct Surroundings {
   Port& port;  // closed; its device is chosen already
   WaitFor wait;
-  std::function<QDateTime()> now;
+  std::function<QDateTime()> now;  // as the computer's own clock shows it
+  std::function<std::chrono::sys_seconds()> utc_now;
   std::function<bool()> interrupted;  // the person wants the program to end
   std::function<std::vector<ListedPort>()> list_ports;
   // Who holds the port, in words; empty where the system doesn't tell.

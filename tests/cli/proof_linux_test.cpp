@@ -65,6 +65,7 @@ class Bench {
         .port = wire_,
         .wait = [this](auto limit, const auto& done) { return Wait(limit, done); },
         .now = [] { return QDateTime(QDate(2026, 11, 22), QTime(14, 30), Qt::UTC); },
+        .utc_now = [] { return std::chrono::sys_seconds(); },
         .interrupted = [] { return false; },
         .list_ports = {},
         .port_holder = [] { return std::string(); },

@@ -52,16 +52,19 @@ int Workshop::Type(const std::vector<std::string>& arguments) {
       cli::ReadRequest(static_cast<int>(argv.size()), argv.data(), "test", exit_code);
   if (!request) return exit_code;
   frames = 0;
-  const cli::Surroundings around{.port = wire,
-                                 .wait = WaitOn(clock),
-                                 .now = [this] { return now; },
-                                 .interrupted = [this] { return interrupted(); },
-                                 .list_ports = [this] { return ports; },
-                                 .port_holder = [this] { return holder; },
-                                 .port_name = "COM1",
-                                 .index_folder = index.Path(),
-                                 .copies_folder = data.Path() / "copies",
-                                 .program = "sorvane-cli test"};
+  const cli::Surroundings around{
+      .port = wire,
+      .wait = WaitOn(clock),
+      .now = [this] { return now; },
+      .utc_now =
+          [this] { return std::chrono::sys_seconds(std::chrono::seconds(now.toSecsSinceEpoch())); },
+      .interrupted = [this] { return interrupted(); },
+      .list_ports = [this] { return ports; },
+      .port_holder = [this] { return holder; },
+      .port_name = "COM1",
+      .index_folder = index.Path(),
+      .copies_folder = data.Path() / "copies",
+      .program = "sorvane-cli test"};
   std::istringstream in(typed_);
   std::ostringstream out_stream;
   std::ostringstream err_stream;
