@@ -1,8 +1,12 @@
 #pragma once
 
-#include "faults/link_model.h"
+#include "model/link_model.h"
 
 namespace sorvane::test::faults {
+
+using model::Bytes;
+using model::LinkEvent;
+using model::LinkModel;
 
 // All ways in which what is shown can differ from what the board holds, in which a typed value can
 // be lost, and in which the board can come to hold what nobody typed. There is no other: the ledger

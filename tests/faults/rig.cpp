@@ -6,6 +6,7 @@
 
 #include "link/frm_ser.h"
 #include "simulator/faults.h"
+#include "support/beside_model.h"
 
 namespace sorvane::test::faults {
 namespace {
@@ -16,19 +17,6 @@ using std::chrono::milliseconds;
 constexpr int kBaud = 5000;  // a byte takes 2 ms
 constexpr std::size_t kDay = 56;
 constexpr std::int64_t kGather = 16;
-
-Row ToRow(const IndexRecord& record) {
-  return {{record.address1, record.address2, record.address3},
-          record.command,
-          record.divider,
-          record.default_value};
-}
-
-std::vector<Row> ToRows(const std::vector<IndexRecord>& records) {
-  std::vector<Row> rows;
-  for (const IndexRecord& each : records) rows.push_back(ToRow(each));
-  return rows;
-}
 
 template <typename T>
 void Differ(std::string& words, const std::string& what, const T& is, const T& expected) {
@@ -42,8 +30,8 @@ void Differ(std::string& words, const std::string& what, const T& is, const T& e
 Rig::Rig(Link& the_link, const std::vector<IndexRecord>& rows, Wire wire,
          std::function<void(const std::function<void()>&)> enter)
     : link(the_link),
-      model(ToRows(SystemRows()), ToRows(rows)),
-      board_model(ToRow(rows.at(std::min(rows.size(), kDay) - 1)).address),
+      model(ModelRows(SystemRows()), {{0, ModelRows(rows)}}),
+      board_model(ModelRow(rows.at(std::min(rows.size(), kDay) - 1)).address),
       ledger(model),
       board(the_link.folder.Path(), {}, {.year = 2026, .month = 3, .day = 5}),
       enter_(std::move(enter)),
@@ -53,12 +41,12 @@ Rig::Rig(Link& the_link, const std::vector<IndexRecord>& rows, Wire wire,
   line_.SetBaud(kBaud);
   addresses_.push_back({});
   for (const IndexRecord& row : rows) {
-    addresses_.push_back(ToRow(row).address);
+    addresses_.push_back(ModelRow(row).address);
     const int parameter = static_cast<int>(addresses_.size()) - 1;
     board_model.Hold(addresses_.back(), board.Contents().Value(simulator::Parameter(parameter)));
     ledger.Held(parameter, board_model.Held(addresses_.back()));
   }
-  for (const Row& row : ToRows(SystemRows())) {
+  for (const model::Row& row : ModelRows(SystemRows())) {
     board_model.Hold(row.address,
                      board.Contents().Value(simulator::SystemParameter(row.address[2])));
   }
@@ -194,7 +182,7 @@ void Rig::Fault(const std::string& words) {
     link.wire.ComeBack();
     model.PlugCable();
   }
-  Trouble trouble{words, 0};
+  model::Trouble trouble{words, 0};
   const std::size_t blank = words.rfind(' ');
   if (words.ends_with(" once")) {
     trouble = {words.substr(0, blank), 1};
@@ -308,12 +296,8 @@ std::string Rig::LinkDifferences() {
 
 std::string Rig::RecordDifference(int parameter) {
   const ParameterRecord& record = link.Record(parameter);
+  if (IsAs(record, model.Of(parameter))) return {};
   const std::array<std::uint8_t, 23> expected = model.Of(parameter).InTable();
-  bool same = true;
-  for (std::size_t i = 0; i < expected.size(); ++i) {
-    same = same && record.At(static_cast<int>(i) + 1) == expected[i];
-  }
-  if (same) return {};
   std::vector<int> bytes;
   for (int i = 1; i <= 23; ++i) bytes.push_back(record.At(i));
   std::string words;

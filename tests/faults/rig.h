@@ -5,14 +5,17 @@
 #include <string>
 #include <vector>
 
-#include "faults/board_model.h"
 #include "faults/ledger.h"
-#include "faults/link_model.h"
+#include "model/board_model.h"
+#include "model/link_model.h"
 #include "simulator/serial_line.h"
 #include "simulator/simulated_board.h"
 #include "support/link_fixture.h"
 
 namespace sorvane::test::faults {
+
+using model::BoardModel;
+using model::WireByte;
 
 // The program's link with the simulated board at the other end of its line, on virtual time; beside
 // it the models of both, to which the same things happen. They are compared after every instant:

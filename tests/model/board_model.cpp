@@ -1,14 +1,23 @@
-#include "faults/board_model.h"
+#include "model/board_model.h"
 
 #include <algorithm>
 
-namespace sorvane::test::faults {
+namespace sorvane::test::model {
 namespace {
 
 constexpr std::int64_t kLate = 1200;
 constexpr std::int64_t kSlow = 20;
 
 }  // namespace
+
+Bytes AnswerTo(const Bytes& frame, const Bytes& held) {
+  if (frame[0] >= 128) return {static_cast<std::uint8_t>(frame.back() * 2 % 256)};
+  int sum = 0;
+  for (const int byte : held) sum += byte;
+  Bytes answer = held;
+  answer.push_back(static_cast<std::uint8_t>(sum % 256));
+  return answer;
+}
 
 void BoardModel::Suffer(const Trouble& trouble) {
   trouble_ = trouble;
@@ -59,18 +68,10 @@ void BoardModel::Serve(const Request& request) {
   if (trouble != "none" && trouble_.count > 0 && --trouble_.count == 0) trouble_ = {};
   if (trouble == "silent") return;
 
-  Bytes answer;
-  if (!write) {
-    answer = held;
-    int sum = 0;
-    for (const int byte : held) sum += byte;
-    answer.push_back(static_cast<std::uint8_t>(sum % 256));
-  } else {
-    answer.push_back(static_cast<std::uint8_t>(frame.back() * 2 % 256));
-    if (trouble != "refuses day 0") {
-      held = value;
-      on_obeyed(found->first, value);
-    }
+  Bytes answer = AnswerTo(frame, held);
+  if (write && trouble != "refuses day 0") {
+    held = value;
+    on_obeyed(found->first, value);
   }
   if (trouble == "wrong checksum" || trouble == "refuses day 0") {
     answer.back() = static_cast<std::uint8_t>((answer.back() + 1) % 256);
@@ -87,4 +88,4 @@ void BoardModel::Serve(const Request& request) {
   }
 }
 
-}  // namespace sorvane::test::faults
+}  // namespace sorvane::test::model

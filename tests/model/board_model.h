@@ -3,9 +3,13 @@
 #include <deque>
 #include <map>
 
-#include "faults/link_model.h"
+#include "model/link_model.h"
 
-namespace sorvane::test::faults {
+namespace sorvane::test::model {
+
+// What a board that holds a value answers to a frame for it: the value and its sum to a read, twice
+// the frame's sum to a write.
+Bytes AnswerTo(const Bytes& frame, const Bytes& held);
 
 // What is wrong with the board or its cable, by the name that a person types.
 struct Trouble {
@@ -70,4 +74,4 @@ class BoardModel {
   std::int64_t last_answer_ = 0;
 };
 
-}  // namespace sorvane::test::faults
+}  // namespace sorvane::test::model

@@ -3,11 +3,12 @@
 #include <array>
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
 
-namespace sorvane::test::faults {
+namespace sorvane::test::model {
 
 using Bytes = std::vector<std::uint8_t>;
 
@@ -42,7 +43,8 @@ struct LinkEvent {
 
 // A second account of the PC's side: the table of parameters and what pages do to it, the exchange
 // with its retries and timeouts, the walk over the table, and the connection. It has a time of its
-// own, in milliseconds, and shares no code with the program.
+// own, in milliseconds, and shares no code with the program. What can't happen throws
+// std::logic_error.
 class LinkModel {
  public:
   struct Record {
@@ -68,14 +70,16 @@ class LinkModel {
   };
   enum class Stage { kOff, kOpening, kAsking, kBox, kLoading, kStanding };
 
-  LinkModel(std::vector<Row> system, std::vector<Row> parameters);
+  // The rows of the first-level file, and of each second-level one by the two digits of its name.
+  LinkModel(std::vector<Row> system, std::map<int, std::vector<Row>> files);
 
   // A frame that was put out, with its number, and whether a cable carries it.
   std::function<void(const Bytes& frame, std::int64_t number, bool carried)> on_frame;
+  std::function<void()> on_closed;  // the open port was closed
   std::function<void(const Notice&)> on_notice;
   std::function<void(const LinkEvent&)> on_event;
 
-  // The load of the index files at the program's start, which counts as a board.
+  // The load of file 00 at the program's start, which counts as a board.
   void LoadAtStart();
 
   // The connection.
@@ -91,6 +95,10 @@ class LinkModel {
   void Take(const std::vector<WireByte>& bytes);
   void PullCable();
   void PlugCable() { cable_ = true; }
+  // Another program holds the port, so that it can't be opened; an open one stays as it is.
+  void HoldPort(bool held) { held_ = held; }
+  bool IsPortOpen() const { return open_; }
+  bool IsPortDead() const { return dead_; }
 
   // Time. Everything due up to the moment happens, in the order of moments, and what is due at the
   // same moment in the order in which it was set.
@@ -106,10 +114,14 @@ class LinkModel {
   std::uint64_t Read(int parameter) const;
   const Record& Of(int parameter) const { return records_[static_cast<std::size_t>(parameter)]; }
 
-  int Count() const { return static_cast<int>(rows_.size()); }
+  int Count() const { return static_cast<int>(records_.size()) - 2; }  // of the largest file
   int Position() const { return position_; }
   int Passes() const { return passes_; }
   bool Idle() const { return idle_; }
+  // A frame is out and its second isn't over.
+  bool Waits() const { return clocks_[kPatience].on; }
+  // Bytes of the value in the exchange.
+  std::size_t ValueLength() const { return length_; }
   // Bytes that wait in the PC for more to come.
   std::size_t LeftOver() const { return arrived_.size(); }
   int BadAnswers() const { return bad_answers_; }
@@ -138,17 +150,19 @@ class LinkModel {
   void NextStep();
   void Ask();
   void TakeAnswer();
+  void OpenPort();
+  void ClosePort();
   void ShowPortError();
   void ShowAndEnd(const std::string& text);
   void Decide();
   void LoadTable();
-  void FillTable();
+  void FillTable(const std::vector<Row>& rows);
   void Light(int lamp);
   void Tell(LinkEvent::What what, LinkEvent::Source source, const Bytes& value) const;
 
   const std::vector<Row> system_;
-  const std::vector<Row> rows_;
-  std::vector<Record> records_;
+  const std::map<int, std::vector<Row>> files_;
+  std::vector<Record> records_;  // by number; there is none at 0, nor at the last place
   std::array<Setting, kClocks> clocks_;
   std::int64_t now_ = 0;
   std::int64_t settings_ = 0;
@@ -169,6 +183,7 @@ class LinkModel {
 
   // The port.
   bool cable_ = true;
+  bool held_ = false;
   bool open_ = false;
   bool dead_ = false;  // the cable was pulled since it was opened
   std::vector<WireByte> arrived_;
@@ -190,4 +205,4 @@ class LinkModel {
   std::array<int, 3> lamps_ = {1, 2, 3};
 };
 
-}  // namespace sorvane::test::faults
+}  // namespace sorvane::test::model

@@ -1,18 +1,16 @@
-#include "faults/link_model.h"
+#include "model/link_model.h"
 
 #include <algorithm>
 #include <stdexcept>
+#include <utility>
 
-namespace sorvane::test::faults {
+namespace sorvane::test::model {
 namespace {
 
 using Source = LinkEvent::Source;
 
 constexpr std::array<std::int64_t, 6> kSpans = {40, 1000, 500, 500, 2000, 0};
-constexpr std::array<int, 7> kQuestions = {1, 17, 11, 12, 13, 14, 18};
 constexpr int kMostBadAnswers = 4;
-constexpr const char* kNotReady = "Board Not Ready\nCheck serial !";
-constexpr const char* kPortError = "Error com";
 
 std::uint8_t SumOf(const Bytes& bytes) {
   int sum = 0;
@@ -36,8 +34,13 @@ std::array<std::uint8_t, 23> LinkModel::Record::InTable() const {
   return bytes;
 }
 
-LinkModel::LinkModel(std::vector<Row> system, std::vector<Row> parameters)
-    : system_(std::move(system)), rows_(std::move(parameters)), records_(rows_.size() + 1) {}
+// The walk can stand one place beyond the largest file, when it was there as a smaller one came.
+LinkModel::LinkModel(std::vector<Row> system, std::map<int, std::vector<Row>> files)
+    : system_(std::move(system)), files_(std::move(files)) {
+  std::size_t most = 0;
+  for (const auto& [digits, rows] : files_) most = std::max(most, rows.size());
+  records_.resize(most + 2);
+}
 
 // Time.
 
@@ -198,6 +201,17 @@ void LinkModel::PullCable() {
   dead_ = open_;
 }
 
+void LinkModel::OpenPort() {
+  open_ = cable_ && !held_;
+  arrived_.clear();
+}
+
+void LinkModel::ClosePort() {
+  if (open_ && on_closed) on_closed();
+  open_ = dead_ = false;
+  arrived_.clear();
+}
+
 void LinkModel::Take(const std::vector<WireByte>& bytes) {
   if (!open_ || dead_) return;
   arrived_.insert(arrived_.end(), bytes.begin(), bytes.end());
@@ -271,9 +285,8 @@ void LinkModel::LosePatience() {
   Light(6);
   Light(2);
   clocks_[kPatience].on = false;
-  open_ = cable_;
-  dead_ = false;
-  arrived_.clear();
+  ClosePort();
+  OpenPort();
   if (!open_ && identifying_) {
     if (stage_ != Stage::kBox) ShowPortError();
     return;
@@ -289,159 +302,21 @@ void LinkModel::LosePatience() {
   if (identifying_) SetAnew(kNext);
 }
 
-// The walk over the table.
+// The walk over the table. It begins with the record at which it stands, even one behind the last.
 void LinkModel::Walk() {
-  while (position_ < count_) {
+  do {
     Record& record = Ref(position_);
-    if (record.polled && record.wait > 0) {
-      --record.wait;
-    } else if (record.polled) {
+    if (record.polled && record.wait == 0) {
       record.wait = record.reload;
-      const bool write = record.to_write;
-      record.to_write = false;
-      Begin(position_, {record.address, record.command, 0, {}}, write,
-            {record.value.begin(),
-             record.value.begin() + static_cast<std::ptrdiff_t>(record.Length())});
+      const bool write = std::exchange(record.to_write, false);
+      const auto end = record.value.begin() + static_cast<std::ptrdiff_t>(record.Length());
+      Begin(position_, {record.address, record.command, 0, {}}, write, {record.value.begin(), end});
       return;
     }
-    ++position_;
-  }
+    if (record.polled) --record.wait;
+  } while (++position_ < count_);
   position_ = 0;
   ++passes_;
 }
 
-// The connection.
-
-void LinkModel::Connect() {
-  if (stage_ != Stage::kOff) return;
-  bad_answers_ = 0;
-  identifying_ = true;
-  stage_ = Stage::kOpening;
-  SetAnew(kNext);
-}
-
-void LinkModel::Disconnect() {
-  stage_ = Stage::kOff;
-  for (Setting& each : clocks_) each.on = false;
-  open_ = dead_ = identifying_ = under_way_ = false;
-  arrived_.clear();
-  box_.clear();
-}
-
-void LinkModel::ShowPortError() {
-  stage_ = Stage::kBox;
-  box_ = kPortError;
-}
-
-void LinkModel::ShowAndEnd(const std::string& text) {
-  stage_ = Stage::kBox;
-  box_ = text;
-  box_ends_ = true;
-}
-
-void LinkModel::Answer(bool retry) {
-  const bool port_error = box_ == kPortError;
-  box_.clear();
-  if (box_ends_) {
-    ++ended_;
-  } else if (port_error || !retry) {
-    ++loaded_;
-  } else if (!open_) {
-    ShowPortError();
-  } else {
-    Ask();
-  }
-}
-
-void LinkModel::NextStep() {
-  if (stage_ == Stage::kOpening) {
-    open_ = cable_;
-    if (!open_) {
-      ShowPortError();
-      return;
-    }
-    arrived_.clear();
-    count_ = static_cast<int>(system_.size());
-    question_ = 0;
-    Ask();
-  } else if (stage_ == Stage::kAsking && (idle_ || limit_over_)) {
-    TakeAnswer();
-  } else if (stage_ == Stage::kLoading) {
-    LoadTable();
-  }
-}
-
-void LinkModel::LoadAtStart() {
-  board_seen_ = true;
-  FillTable();
-}
-
-void LinkModel::FillTable() {
-  count_ = Count();
-  for (std::size_t i = 1; i < records_.size(); ++i) {
-    const Row& row = rows_[i - 1];
-    records_[i] = {.address = row.address,
-                   .command = row.command,
-                   .wait = row.divider / 16,
-                   .reload = row.divider % 16};
-    records_[i].value.fill(' ');
-    std::copy(row.start.begin(), row.start.end(), records_[i].value.begin());
-  }
-}
-
-void LinkModel::LoadTable() {
-  if (answers_[1] % 100 != 0) {
-    const std::string digits = std::to_string(100 + answers_[1] % 100).substr(1);
-    ShowAndEnd("W0309AA" + digits + ".inx not found !");
-    return;
-  }
-  FillTable();
-  clocks_[kPatience].on = false;
-  Light(3);
-  identifying_ = false;
-  idle_ = true;
-  Set(kTick);
-  stage_ = Stage::kStanding;
-  Tell(LinkEvent::What::kRefilled, Source::kOwn, {});
-  ++loaded_;
-}
-
-void LinkModel::Ask() {
-  const Row& row =
-      system_.at(static_cast<std::size_t>(kQuestions.at(static_cast<std::size_t>(question_)) - 1));
-  answer_.clear();
-  limit_over_ = false;
-  stage_ = Stage::kAsking;
-  SetAnew(kAskLimit);
-  Begin(0, row, false, {row.address[0]});
-}
-
-void LinkModel::TakeAnswer() {
-  if (answer_.empty()) {
-    stage_ = Stage::kBox;
-    box_ = kNotReady;
-    return;
-  }
-  board_seen_ = true;
-  answers_.at(static_cast<std::size_t>(question_)) = answer_.front();
-  if (++question_ < 7) {
-    Ask();
-    return;
-  }
-  Decide();
-}
-
-void LinkModel::Decide() {
-  if (answers_[2] != 0) {
-    ShowAndEnd("Board Software\nNot Compatible");
-  } else if (answers_[4] + 256 * answers_[5] != 309) {
-    ShowAndEnd("Board Type\nNot Compatible");
-  } else if (answers_[3] != 18) {
-    ShowAndEnd("Board\nNot Compatible");
-  } else {
-    stage_ = Stage::kLoading;
-    SetAnew(kNext);
-  }
-}
-
-}  // namespace sorvane::test::faults
+}  // namespace sorvane::test::model
