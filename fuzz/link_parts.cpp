@@ -3,9 +3,6 @@
 #include <array>
 #include <utility>
 
-#include "board/index_file.h"
-#include "input.h"
-#include "line_watch.h"
 #include "support/index_files.h"
 
 namespace sorvane::fuzz {
@@ -36,62 +33,44 @@ std::vector<IndexRecord> Rows() {
   return rows;
 }
 
-std::vector<IndexRecord> SmallRows() {
-  std::vector<IndexRecord> rows = Rows();
-  return {rows.end() - kSmallRecords, rows.end()};
+std::vector<IndexRecord> SystemRows() {
+  std::vector<IndexRecord> rows = test::SystemRows();
+  rows[12].command = 3;
+  return rows;
 }
 
 }  // namespace
 
-std::vector<ParameterRecord> LoadedRecords(int revision) {
-  std::vector<ParameterRecord> records;
-  for (const IndexRecord& row : revision % 100 == 0 ? Rows() : SmallRows()) {
-    ParameterRecord& record = records.emplace_back();
-    for (int i = 1; i <= ParameterRecord::kPositions; ++i) record.At(i) = i < 12 ? 0 : 32;
-    record.At(1) = row.address3;
-    record.At(2) = row.address2;
-    record.At(3) = row.command;
-    record.At(4) = row.divider;
-    record.At(7) = row.address1;
-    record.At(8) = row.default_value[0];
-  }
-  return records;
+const std::vector<IndexRecord>& SystemFile() {
+  static const std::vector<IndexRecord> kRows = SystemRows();
+  return kRows;
+}
+
+const std::map<int, std::vector<IndexRecord>>& Files() {
+  static const std::vector<IndexRecord> kAll = Rows();
+  static const std::map<int, std::vector<IndexRecord>> kFiles = {
+      {0, kAll}, {kSmallRevision, {kAll.end() - kSmallRecords, kAll.end()}}};
+  return kFiles;
 }
 
 const std::filesystem::path& SampleFolder() {
   static const test::TempFolder kFolder;
-  static const bool kFilled = [] {
-    std::vector<IndexRecord> system = test::SystemRows();
-    system[12].command = 3;
-    kFolder.WriteFile("W0309.inx", test::FirstLevelBytes(system));
-    kFolder.WriteFile("W0309AA00.inx", test::SecondLevelBytes(Rows()));
-    kFolder.WriteFile("W0309AA07.inx", test::SecondLevelBytes(SmallRows()));
+  [[maybe_unused]] static const bool kFilled = [] {
+    kFolder.WriteFile("W0309.inx", test::FirstLevelBytes(SystemFile()));
+    kFolder.WriteFile("W0309AA00.inx", test::SecondLevelBytes(Files().at(0)));
+    kFolder.WriteFile("W0309AA07.inx", test::SecondLevelBytes(Files().at(kSmallRevision)));
     return true;
   }();
-  Require(kFilled, "the index files stand");
   return kFolder.Path();
 }
 
 BoardTables& CleanTables() {
   static BoardTables tables;
-  for (int k = 0; k < LineWatch::kWatchedRecords; ++k) {
-    tables.ParameterTable(k, 0) = ParameterRecord();
-  }
+  for (int k = 0; k < kRecords + 2; ++k) tables.ParameterTable(k, 0) = ParameterRecord();
   SetBoardDefaults(tables);
   tables.RecordCount(0) = 0;
   tables.BoardPresent(0) = false;
   return tables;
-}
-
-void OneBox::Show(const MessageBox& box, std::function<void(Answer)> answered) {
-  Require(!Stands(), "one box stands at a time");
-  retry_ = box.flags == kExclamationIcon + kRetryCancel;
-  answered_ = std::move(answered);
-}
-
-void OneBox::AnswerWith(bool retry) {
-  const Answer answer = !retry_ ? Answer::kOk : retry ? Answer::kRetry : Answer::kCancel;
-  std::exchange(answered_, nullptr)(answer);
 }
 
 }  // namespace sorvane::fuzz

@@ -1,14 +1,11 @@
 // The connection to the board: what arrives on the line, in any pieces and at any moments, while
-// the board is identified, read and written. An input is a way to begin and a row of steps;
-// LineWatch holds the rules.
+// the board is identified, read and written. An input is a way to begin and a row of steps.
 
 #include <cstddef>
 
-#include "board/parameter_access.h"
 #include "input.h"
-#include "line_watch.h"
-#include "link/frm_ser.h"
-#include "link_parts.h"
+#include "link_beside_model.h"
+#include "model/board_model.h"
 
 namespace sorvane::fuzz {
 namespace {
@@ -17,90 +14,43 @@ constexpr int kEnough = 400;  // steps, of a board that answers well
 
 class Session {
  public:
-  explicit Session(Input input) : input_(input) {
-    line_.Watch(ser_.State());
-    ser_.on_loaded = [this] {
-      if (ser_.ConnectAbandoned) return;
-      line_.Stands(LoadedRecords(tables_.IndexRevision));
-    };
-    ser_.reply_notice = [this](const Reply& reply) { line_.Told(reply); };
-  }
+  explicit Session(Input input) : input_(input) {}
 
   void Run() {
     const unsigned begin = input_.Byte();
-    Load();
+    link_.Load();
     if (begin % 2 != 0) {
       Connect();
       const unsigned watched = input_.Word();
       for (int k = 1; k <= kRecords; ++k) {
-        if ((watched >> static_cast<unsigned>(k) & 1U) != 0) Watch(k);
+        if ((watched >> static_cast<unsigned>(k) & 1U) != 0) link_.Watch(k);
       }
     }
-    while (!input_.Empty() && !ended_) Step();
-    if (!ended_) ComeToRest();
+    while (!input_.Empty() && !link_.Ended()) Step();
+    if (!link_.Ended()) ComeToRest();
   }
 
  private:
-  void Load() {
-    if (!ser_.IsLoaded()) line_.Loading();
-    ser_.Load();
-    Pass(0);
-  }
-
-  void Unload() {
-    line_.Unloading();
-    ser_.Unload();
-    ser_.ConnectAbandoned = false;
-    box_ = {};
-    Pass(0);
-  }
-
-  void Pass(int milliseconds) {
-    clock_.Advance(milliseconds);
-    if (!ended_) line_.CheckRest();
-  }
-
-  void Watch(int k) {
-    access_.WatchParameter(k);
-    line_.PageChanged(k);
-  }
+  bool Standing() const { return link_.Model().At() == model::LinkModel::Stage::kStanding; }
 
   void Write(int k) {
-    if (tables_.ParameterTable(k, 0).At(position::kCommand) % 16 > 3) {
-      access_.WriteParameter(k, input_.TakeText(input_.Byte() % 20U));
+    if (link_.Model().Of(k).Length() > 4) {
+      link_.WriteText(k, input_.TakeText(input_.Byte() % 20U));
     } else {
-      const int64_t low = input_.Word();
-      access_.WriteParameter(k, low + int64_t{65536} * input_.Word());
+      const uint32_t low = input_.Word();
+      link_.Write(k, low + 65536U * input_.Word());
     }
-    line_.PageChanged(k);
-  }
-
-  void Unwatch(int k) {
-    access_.UnwatchParameter(k);
-    line_.PageChanged(k);
-  }
-
-  void AnswerBox(bool retry) {
-    if (!box_.Stands()) return;
-    line_.BoxAnswered();
-    box_.AnswerWith(retry);
-    if (ended_) return;
-    if (ser_.ConnectAbandoned) Unload();
-    Pass(0);
   }
 
   // What a board answers to the frame that went out last.
   Bytes RightAnswer() {
-    const Bytes& frame = line_.Frame();
+    const Bytes& frame = link_.LastFrame();
     if (frame.empty()) return {};
-    if (!line_.IsRead()) return {static_cast<uint8_t>(frame.back() * 2)};
     Bytes value;
-    for (std::size_t i = 0; i < line_.ValueLength(); ++i) value.push_back(next_++);
-    if (!line_.Standing()) value[0] = IdentityOf(frame[3]);
-    unsigned sum = 0;
-    for (const uint8_t byte : value) sum += byte;
-    value.push_back(static_cast<uint8_t>(sum));
-    return value;
+    const bool read = frame[0] < 128;
+    for (std::size_t i = 0; read && i < link_.Model().ValueLength(); ++i) value.push_back(next_++);
+    if (read && !Standing()) value[0] = IdentityOf(frame[3]);
+    return model::AnswerTo(frame, value);
   }
 
   uint8_t IdentityOf(uint8_t parameter) const {
@@ -118,37 +68,31 @@ class Session {
     }
   }
 
-  void Deliver(const Bytes& bytes) {
-    line_.Deliver(bytes);
-    if (!ended_) line_.CheckRest();
-  }
-
   void DeliverSpoilt() {
     Bytes answer = RightAnswer();
     if (answer.empty()) return;
     answer[input_.Byte() % answer.size()] ^= input_.Byte();
-    Deliver(answer);
+    link_.Deliver(answer);
   }
 
   void DeliverCut() {
     Bytes answer = RightAnswer();
     answer.resize(answer.empty() ? 0 : input_.Byte() % answer.size());
-    Deliver(answer);
+    link_.Deliver(answer);
   }
 
   void DeliverLong() {
     Bytes answer = RightAnswer();
     answer.push_back(input_.Byte());
-    Deliver(answer);
+    link_.Deliver(answer);
   }
 
   void DeliverOneByOne(const Bytes& bytes) {
-    for (const uint8_t byte : bytes) Deliver({byte});
+    for (const uint8_t byte : bytes) link_.Deliver({byte});
   }
 
   void ChangePort(uint8_t how) {
-    line_.Vanish(how % 4 == 1);
-    line_.RefuseOpen(how % 4 == 2);
+    link_.ChangePort(how % 4 == 1, how % 4 == 2);
     revision_ = how % 8 < 4 ? 0 : kSmallRevision;
   }
 
@@ -157,15 +101,15 @@ class Session {
     const int k = step / 16U % kRecords + 1;
     switch (step % 16) {
       case 0:
-        return Pass(input_.Byte());
+        return link_.Pass(input_.Byte());
       case 1:
-        return Pass(16 * input_.Byte());
+        return link_.Pass(16 * input_.Byte());
       case 2:
-        return Deliver(input_.Take(step / 16U + 1));
+        return link_.Deliver(input_.Take(step / 16U + 1));
       case 3:
         return DeliverOneByOne(input_.Take(step / 16U + 1));
       case 4:
-        return Deliver(RightAnswer());
+        return link_.Deliver(RightAnswer());
       case 5:
         return DeliverOneByOne(RightAnswer());
       case 6:
@@ -175,44 +119,45 @@ class Session {
       case 8:
         return DeliverLong();
       case 9:
-        return Watch(k);
+        return link_.Watch(k);
       case 10:
-        return Unwatch(k);
+        return link_.Unwatch(k);
       case 11:
         return Write(k);
       case 12:
-        return line_.RaiseOther(step / 16 == kCommEventReceive ? 1 : step / 16);
+        return link_.RaiseOther(step / 16 == kCommEventReceive ? 1 : step / 16);
       case 13:
         return ChangePort(input_.Byte());
       case 14:
-        return AnswerBox(step / 16 != 0);
+        return link_.AnswerBox(step / 16 != 0);
       default:
-        return step / 16 < 4 ? Unload() : Load();
+        return step / 16 < 4 ? link_.Unload() : link_.Load();
     }
   }
 
   // One step of time beside a board that answers each frame as it should.
   void StepWell() {
-    if (box_.Stands()) {
-      AnswerBox(true);
-    } else if (!ser_.IsLoaded()) {
-      Load();
-    } else if (line_.InFlight() && line_.PortOpen() && !line_.Vanished()) {
-      Deliver(RightAnswer());
-      if (!ended_) Pass(0);
+    const model::LinkModel& model = link_.Model();
+    if (!model.Box().empty()) {
+      link_.AnswerBox(true);
+    } else if (model.At() == model::LinkModel::Stage::kOff) {
+      link_.Load();
+    } else if (model.Waits() && model.IsPortOpen() && !model.IsPortDead()) {
+      link_.Deliver(RightAnswer());
+      link_.Pass(0);
     } else {
-      Pass(40);
+      link_.Pass(40);
     }
   }
 
   void Connect() {
-    for (int i = 0; i < kEnough && !line_.Standing() && !ended_; ++i) StepWell();
-    Require(line_.Standing() || ended_, "a board that answers well is connected");
+    for (int i = 0; i < kEnough && !Standing() && !link_.Ended(); ++i) StepWell();
+    Require(Standing() || link_.Ended(), "a board that answers well is connected");
   }
 
   bool NothingIsWanted() const {
-    for (int k = 1; k < tables_.RecordCount(0); ++k) {
-      if ((tables_.ParameterTable(k, 0).At(position::kFlags) & flag::kPolled) != 0) return false;
+    for (int k = 1; k < link_.Model().WalkEnd(); ++k) {
+      if (link_.Model().Of(k).polled) return false;
     }
     return true;
   }
@@ -221,30 +166,23 @@ class Session {
   void ComeToRest() {
     ChangePort(0);
     Connect();
-    if (ended_) return;
+    if (link_.Ended()) return;
+    const model::LinkModel& model = link_.Model();
     for (int k = 1; k <= kRecords; ++k) {
-      const ParameterRecord& record = tables_.ParameterTable(k, 0);
+      const model::LinkModel::Record& record = model.Of(k);
       // What a page has written is polled until it is left, but for what is asked once.
-      if (record.At(position::kDivider) != 0) Watch(k);
-      while (record.At(position::kWatchers) > 0) Unwatch(k);
+      if (record.wait > 0 || record.reload > 0) link_.Watch(k);
+      while (record.watchers > 0) link_.Unwatch(k);
     }
-    for (int i = 0; i < kEnough && !(ser_.State().LinkIdle && NothingIsWanted()); ++i) StepWell();
-    Require(ser_.State().LinkIdle, "the line comes to rest");
+    for (int i = 0; i < kEnough && !(model.Idle() && NothingIsWanted()); ++i) StepWell();
+    Require(model.Idle(), "the line comes to rest");
     Require(NothingIsWanted(), "what was asked once has been answered");
   }
 
   Input input_;
-  test::VirtualClock clock_;
-  BoardTables& tables_ = CleanTables();
-  LineWatch line_{clock_, tables_};
-  LinkLamps lamps_;
-  OneBox box_;
-  ParameterAccess access_{tables_};
-  bool ended_ = false;
+  LinkBesideModel link_;
   uint8_t revision_ = 0;
   uint8_t next_ = 1;  // the next value byte of the board
-  FrmSer ser_{
-      {tables_, line_, lamps_, box_, clock_.Maker(), SampleFolder(), [this] { ended_ = true; }}};
 };
 
 }  // namespace

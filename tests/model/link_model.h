@@ -115,6 +115,7 @@ class LinkModel {
   const Record& Of(int parameter) const { return records_[static_cast<std::size_t>(parameter)]; }
 
   int Count() const { return static_cast<int>(records_.size()) - 2; }  // of the largest file
+  int WalkEnd() const { return count_; }  // the first record that the walk doesn't reach
   int Position() const { return position_; }
   int Passes() const { return passes_; }
   bool Idle() const { return idle_; }

@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <utility>
 
 #include "model/link_model.h"
 
