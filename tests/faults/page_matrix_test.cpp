@@ -1,21 +1,18 @@
 #include <gtest/gtest.h>
 
-#include <QLineEdit>
+#include <QWidget>
 #include <map>
 #include <memory>
 #include <string>
 #include <tuple>
 
+#include "faults/page_models.h"
 #include "faults/rig.h"
 #include "link/frm_ser.h"
-#include "pages/model/orologio_model.h"
-#include "pages/model/prezzi_model.h"
 #include "shell/program.h"
 
 namespace sorvane::test::faults {
 namespace {
-
-using Kind = model::Control::Kind;
 
 // All records of a machine; the number of decimals, the options and the year are polled.
 std::vector<IndexRecord> Rows() {
@@ -26,35 +23,12 @@ std::vector<IndexRecord> Rows() {
   return rows;
 }
 
-// What the models of pages take for the table: that of the model of the link.
-class TableOfTheLink : public model::Machine {
- public:
-  explicit TableOfTheLink(Rig& rig) : rig_(rig) {}
-
-  void Watch(int parameter) override { rig_.model.Watch(parameter); }
-  void Unwatch(int parameter) override {
-    rig_.model.Unwatch(parameter);
-    rig_.ledger.Left(parameter);
-  }
-  void Write(int parameter, std::int64_t value) override {
-    rig_.model.Write(parameter, static_cast<std::uint32_t>(value));
-    rig_.ledger.Typed(parameter);
-  }
-  std::int64_t Read(int parameter) const override {
-    return static_cast<std::int64_t>(rig_.model.Read(parameter));
-  }
-  bool IsFresh(int parameter) const override { return rig_.model.Of(parameter).fresh; }
-
- private:
-  Rig& rig_;
-};
-
 // A page of the program beside its model.
 template <typename Model>
 class PageBesideModel {
  public:
   PageBesideModel(Program& program, Rig& rig, const char* form, const char* entry)
-      : program_(program), form_(form), entry_(entry), table_(rig), model(table_, '.') {}
+      : model(rig), program_(program), form_(form), entry_(entry) {}
 
   void Open() {
     program_.Choose(entry_);
@@ -63,9 +37,6 @@ class PageBesideModel {
       widgets_[name] = &program_.Find(form_, QString::fromStdString(name));
     }
   }
-  void Take(const LinkModel::Notice& notice) {
-    if (table_.on_reply) table_.on_reply(notice.parameter, notice.value);
-  }
   std::string Differences() const {
     std::string words;
     const auto differ = [&](const std::string& what, const auto& is, const auto& expected) {
@@ -73,30 +44,24 @@ class PageBesideModel {
       words += "  " + form_.toStdString() + " " + what + ": " + ::testing::PrintToString(is) +
                ", not " + ::testing::PrintToString(expected) + "\n";
     };
-    for (const auto& [name, widget] : widgets_) {
-      const model::Control& control = model.Controls().at(name);
-      differ(name + " open", widget->isEnabled(), model.IsOpen(name));
-      if (control.kind == Kind::kField) {
-        differ(name, dynamic_cast<QLineEdit&>(*widget).text().toStdString(),
-               control.text.toStdString());
-      } else if (control.kind == Kind::kBar || control.kind == Kind::kSlider) {
-        differ(name, widget->property("position").toInt(), control.position);
-      } else if (control.shows_text) {
-        differ(name, widget->property("text").toString().toStdString(), control.text.toStdString());
+    for (const auto& [name, control] : model.Controls()) {
+      const QWidget& widget = *widgets_.at(name);
+      differ(name + " open", widget.isEnabled(), control.open);
+      if (control.text) {
+        differ(name, widget.property("text").toString().toStdString(), *control.text);
       }
+      if (control.position) differ(name, widget.property("position").toInt(), *control.position);
     }
     return words;
   }
+
+  Model model;
 
  private:
   Program& program_;
   const QString form_;
   const QString entry_;
-  TableOfTheLink table_;
   std::map<std::string, QWidget*> widgets_;
-
- public:
-  Model model;
 };
 
 struct Folder {
@@ -119,8 +84,8 @@ class Pages : public testing::Test {
   // Connects the program and its models; no page is open yet.
   void SetUp() override {
     rig_.on_model_notice = [this](const LinkModel::Notice& notice) {
-      clock_.Take(notice);
-      prices_.Take(notice);
+      clock_.model.Take(notice);
+      prices_.model.Take(notice);
     };
     rig_.more_differences = [this] { return clock_.Differences() + prices_.Differences(); };
     program_.Start();
@@ -134,10 +99,9 @@ class Pages : public testing::Test {
     rig_.FollowConnect();
     ASSERT_TRUE(rig_.RunUntil([&] { return rig_.model.At() == LinkModel::Stage::kStanding; }));
   }
-  void TypePrice(const char* field, const char* text) {
-    program_.Type("FrmPrezzi", field, text);
-    prices_.model.Replace(field, text);
-    prices_.model.Enter(field);
+  void TypePrice(int row, const char* text) {
+    program_.Type("FrmPrezzi", QString("Text1(%1)").arg(row), text);
+    prices_.model.Type(row, text);
     rig_.Compare();
   }
   QString Price(const char* field) { return program_.Text("FrmPrezzi", field); }
@@ -146,8 +110,8 @@ class Pages : public testing::Test {
   const Folder folder_{program_};
   Rig rig_{program_.link, Rows(), Rig::Wire::kGathering,
            [this](const auto& run) { program_.gate.Run(run); }};
-  PageBesideModel<model::OrologioModel> clock_{program_, rig_, "FrmOrologio", "MnuOrologio"};
-  PageBesideModel<model::PrezziModel> prices_{program_, rig_, "FrmPrezzi", "MnuPrezzi"};
+  PageBesideModel<ClockModel> clock_{program_, rig_, "FrmOrologio", "MnuOrologio"};
+  PageBesideModel<PricesModel> prices_{program_, rig_, "FrmPrezzi", "MnuPrezzi"};
 };
 
 class FaultyPages : public Pages, public testing::WithParamInterface<std::tuple<const char*, int>> {
@@ -166,8 +130,8 @@ TEST_P(FaultyPages, ShowWhatTheirRulesSay) {
   rig_.Run(3000);
   Begin(2);
   // Where the line was in order so far, the page is open for typing.
-  EXPECT_TRUE(std::get<1>(GetParam()) < 2 || prices_.model.IsReachable("Text1(2)"));
-  if (prices_.model.IsReachable("Text1(2)")) TypePrice("Text1(2)", "12.5");
+  EXPECT_TRUE(std::get<1>(GetParam()) < 2 || prices_.model.IsRowOpen(2));
+  if (prices_.model.IsRowOpen(2)) TypePrice(2, "12.5");
   rig_.RunUntil([&] { return rig_.model.Position() == 25 && !rig_.model.Idle(); }, 300);
   rig_.Run(15);
   Begin(3);
@@ -189,7 +153,7 @@ TEST_P(FaultyPages, ShowWhatTheirRulesSay) {
 TEST_F(Pages, ShowATypedPriceOnceTheBoardHasIt) {
   prices_.Open();
   rig_.Run(3000);
-  TypePrice("Text1(2)", "12.5");
+  TypePrice(2, "12.5");
   rig_.Run(500);
   EXPECT_EQ(Price("Text1(2)"), "12.50");
   EXPECT_EQ(rig_.board.Contents().Number(simulator::Parameter(25)), 1250U);
