@@ -170,14 +170,14 @@ class LinkModel {
 
   // The exchange.
   std::array<std::uint8_t, 4> head_{};  // command and address
-  std::size_t length_ = 1;              // bytes of the value
-  Bytes sent_;                          // of the value
-  Bytes answer_;
   std::uint8_t sum_ = 0;
-  int bad_answers_ = 0;
   bool idle_ = false;
-  int exchange_record_ = 0;
   bool under_way_ = false;
+  std::size_t length_ = 1;  // bytes of the value
+  Bytes sent_;              // of the value
+  Bytes answer_;
+  int bad_answers_ = 0;
+  int exchange_record_ = 0;
   std::int64_t first_frame_ = 0;
   std::int64_t asked_ = 0;
   std::int64_t frames_ = 0;
@@ -192,11 +192,11 @@ class LinkModel {
   Stage stage_ = Stage::kOff;
   bool identifying_ = false;
   bool limit_over_ = false;
+  bool board_seen_ = false;
+  bool box_ends_ = false;
+  std::string box_;
   int question_ = 0;
   std::array<int, 7> answers_{};
-  bool board_seen_ = false;
-  std::string box_;
-  bool box_ends_ = false;
   int loaded_ = 0;
   int ended_ = 0;
 

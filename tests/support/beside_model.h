@@ -14,6 +14,7 @@ inline model::Row ModelRow(const IndexRecord& row) {
 }
 inline std::vector<model::Row> ModelRows(const std::vector<IndexRecord>& rows) {
   std::vector<model::Row> all;
+  all.reserve(rows.size());
   for (const IndexRecord& row : rows) all.push_back(ModelRow(row));
   return all;
 }
