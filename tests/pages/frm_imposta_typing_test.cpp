@@ -62,6 +62,17 @@ TEST_F(ImpostaTyping, ABarMovedBeforeTheFirstReplyIsWritten) {
   EXPECT_EQ(program.link.Value(354), Bytes{6});
 }
 
+// Of a value that was read for an earlier page the table still knows; the bar starts anew.
+TEST_F(ImpostaTyping, ABarMovedToWhatTheTableHoldsAlreadyIsWrittenToo) {
+  BoardSays(2, 6);
+  ClosePage();
+  OpenUnanswered();
+  ASSERT_EQ(program.link.Value(2), Bytes{6});
+  PressFocused("HScroll1(1)", Qt::Key_Right);
+  ASSERT_EQ(Position("HScroll1(1)"), 6);
+  EXPECT_THAT(Pending(), ElementsAre(2, 354));
+}
+
 TEST_F(ImpostaTyping, ATypedNumberIsShownAtOnceAndWrittenToBothPlaces) {
   Type("Text1(1)", "5");
   EXPECT_EQ(Text("Text1(1)"), "5");

@@ -194,6 +194,30 @@ TEST_F(Prezzi, ARowThatClosesWhileItIsBeingEditedLosesWhatWasTyped) {
   EXPECT_EQ(Item(7), "88");
 }
 
+// Every reply of the selections closes all rows first, though they open again at once.
+TEST_F(Prezzi, ARowThatStaysOpenLosesWhatWasTypedToo) {
+  program.link.SetBoardNumber(2, 9);
+  Open();
+  for (const std::uint32_t selections : {9U, 10U}) {
+    TypeOnly("Text2(7)", "9");
+    BoardSays(2, selections);
+    EXPECT_EQ(Item(7), "88") << selections;
+    ExpectRowsOpen(static_cast<int>(selections));
+  }
+}
+
+// What has been answered once counts for as long as the page is open.
+TEST_F(Prezzi, OnceOpenTheRowsFollowTheSelectionsThoughAPriceIsBeingWritten) {
+  Open();
+  program.link.access.WriteParameter(23, 500);
+  program.link.access.WriteParameter(33, 5);
+  program.link.SetBoardNumber(2, 7);
+  program.link.access.WatchParameter(2);
+  program.Sweep(1);
+  EXPECT_FALSE(program.link.access.IsParameterFresh(23, 0));
+  ExpectRowsOpen(7);
+}
+
 TEST_F(Prezzi, FourBytesForTheNumberOfSelectionsOverflowItsVariable) {
   Resize(2, {0, 0, 1, 0});
   Open();

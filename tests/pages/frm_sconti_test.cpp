@@ -404,6 +404,31 @@ TEST_F(Sconti, ARowThatClosesWhileItIsBeingEditedLosesWhatWasTyped) {
   for (int i = 0; i < 10; ++i) EXPECT_NE(Text(i), "") << i;
 }
 
+// Every reply of the selections closes all rows first, though they open again at once.
+TEST_F(Sconti, ARowThatStaysOpenLosesWhatWasTypedToo) {
+  program.link.SetBoardNumber(2, 9);
+  Open();
+  for (const std::uint32_t selections : {9U, 10U}) {
+    program.TypeOnly(kPage, "Text1(7)", "9");
+    program.link.SetBoardNumber(2, selections);
+    AskAgain(2);
+    EXPECT_EQ(Text(7), "8.05") << selections;
+    EXPECT_TRUE(IsRowOpen(7)) << selections;
+  }
+}
+
+// Each time the rows wait for the first discount anew.
+TEST_F(Sconti, AFirstDiscountThatIsBeingWrittenHoldsTheRowsClosedAfterAReplyOfTheSelections) {
+  Open();
+  program.link.access.WriteParameter(43, 500);
+  program.link.SetBoardNumber(2, 7);
+  program.link.access.WatchParameter(2);
+  program.Sweep(1);
+  for (int i = 0; i < 10; ++i) EXPECT_FALSE(IsRowOpen(i)) << i;
+  program.Sweep(1);
+  for (int i = 0; i < 10; ++i) EXPECT_EQ(IsRowOpen(i), i < 7) << i;
+}
+
 TEST_F(Sconti, ARawValueBeyondTheBarShowsAsItsEnd) {
   // A four-byte discount: the bar and the text stop at 65535.
   program.link.Record(43).At(3) = 3;

@@ -245,6 +245,18 @@ TEST_P(SelectionMap, ARowThatClosesWhileItIsBeingEditedLosesWhatWasTyped) {
   EXPECT_EQ(Text("Text1(7)"), page.texts[7]);
 }
 
+// Every reply of the selections closes all rows first, though they open again at once.
+TEST_P(SelectionMap, ARowThatStaysOpenLosesWhatWasTypedToo) {
+  program.link.SetBoardNumber(2, 9);
+  Open();
+  for (const std::uint32_t selections : {9U, 10U}) {
+    TypeOnly("Text1(7)", "9");
+    BoardSays(2, selections);
+    EXPECT_EQ(Text("Text1(7)"), page.texts[7]) << selections;
+    EXPECT_TRUE(IsEnabled("Text1(7)")) << selections;
+  }
+}
+
 TEST_P(SelectionMap, FourBytesForTheNumberOfSelectionsOverflowItsVariable) {
   Resize(2, {0, 0, 1, 0});
   Open();
