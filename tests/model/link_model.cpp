@@ -34,7 +34,6 @@ std::array<std::uint8_t, 23> LinkModel::Record::InTable() const {
   return bytes;
 }
 
-// The walk can stand one place beyond the largest file, when it was there as a smaller one came.
 LinkModel::LinkModel(std::vector<Row> system, std::map<int, std::vector<Row>> files)
     : system_(std::move(system)), files_(std::move(files)) {
   std::size_t most = 0;

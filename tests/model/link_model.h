@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <functional>
@@ -112,7 +113,7 @@ class LinkModel {
   void Write(int parameter, std::uint32_t number);
   void WriteText(int parameter, const std::string& text);
   std::uint64_t Read(int parameter) const;
-  const Record& Of(int parameter) const { return records_[static_cast<std::size_t>(parameter)]; }
+  const Record& Of(int parameter) const { return records_[Place(parameter)]; }
 
   int Count() const { return static_cast<int>(records_.size()) - 2; }  // of the largest file
   int WalkEnd() const { return count_; }  // the first record that the walk doesn't reach
@@ -140,7 +141,12 @@ class LinkModel {
   void Set(Clock clock);
   void SetAnew(Clock clock);
   void Ring(Clock clock);
-  Record& Ref(int parameter) { return records_[static_cast<std::size_t>(parameter)]; }
+  // The last place stands for all behind the largest file: the walk can stand there, when it was
+  // far as a smaller file came, and answers that nobody asked for take it further.
+  std::size_t Place(int parameter) const {
+    return std::min(static_cast<std::size_t>(parameter), records_.size() - 1);
+  }
+  Record& Ref(int parameter) { return records_[Place(parameter)]; }
 
   void Put();  // the frame of the exchange
   void Begin(int record, const Row& place, bool write, Bytes value);
