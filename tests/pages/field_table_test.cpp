@@ -255,6 +255,19 @@ TEST_P(TypedField, RestoresWhatItShowedAfterARefusedTextAndWritesNothing) {
   EXPECT_TRUE(WasSilent());
 }
 
+// One that the focus has emptied, and one in which something is being typed.
+TEST_P(TypedField, ShowsAReplyUnderTheFocus) {
+  OpenForUser();
+  Click(text_);
+  AskAgain(row_.shown_by);
+  EXPECT_EQ(Text(text_), Shown());
+  Replace(row_.text, "1");
+  AskAgain(row_.shown_by);
+  EXPECT_EQ(Text(text_), Shown());
+  EXPECT_TRUE(program.Find(form_, text_).hasFocus());
+  EXPECT_THAT(Pending(), testing::IsEmpty());
+}
+
 TEST_P(LimitedField, TakesAsManyCharactersAsItsLimit) {
   OpenForUser();
   Replace(row_.text, "1234567890123");

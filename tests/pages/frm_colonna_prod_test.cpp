@@ -102,6 +102,14 @@ TEST_F(ColonnaProd, ARowThatTheMissingBitClosesWhileItIsBeingEditedLosesWhatWasT
   EXPECT_EQ(Text("Text1(7)"), "27");
 }
 
+// What is open stays as it is.
+TEST_F(ColonnaProd, TheBitLeavesWhatIsBeingTypedInAnOpenRow) {
+  Open();
+  TypeOnly("Text1(7)", "9");
+  BoardSays(3, 32);
+  EXPECT_EQ(Text("Text1(7)"), "9");
+}
+
 // The second place that a product is written to.
 
 TEST_F(ColonnaProd, TheFirstRowWritesOneParameterOnly) {

@@ -207,6 +207,17 @@ TEST_F(PagamentoSystem, AFieldThatClosesWhileItIsBeingEditedLosesWhatWasTyped) {
   EXPECT_THAT(Pending(), IsEmpty());
 }
 
+// What is open stays as it is.
+TEST_F(PagamentoSystem, AFieldThatStaysOpenKeepsWhatIsBeingTyped) {
+  program.link.SetBoardNumber(71, 3);
+  Open();
+  for (const char* field : {"Text5(2)", "Text1(0)"}) {
+    TypeOnly(field, "7");
+    BoardSays(71, 3);
+    EXPECT_EQ(Text(field), "7");
+  }
+}
+
 TEST_F(PagamentoSystem, RestoSubitoIsGreyWhileItsSwitchLivesAndWrites) {
   Open();
   EXPECT_FALSE(IsEnabled("LabelMess1(20)"));

@@ -155,6 +155,18 @@ TEST_F(Prezzi, SelectionsThatAreBeingWrittenHoldTheRowsClosed) {
   ExpectRowsOpen(7);
 }
 
+TEST_F(Prezzi, AnItemNumberThatIsAnsweredBeforeTheSelectionsCountsOnlyWhileItIsFresh) {
+  OpenUnanswered();
+  program.link.board.SpoilChecksum(5);  // the exchange of parameter 2 fails
+  program.Sweep(22);
+  program.link.access.WriteParameter(33, 5);
+  program.Sweep(2);  // the end of the pass, and 2
+  EXPECT_TRUE(program.link.access.IsParameterFresh(2, 0));
+  ExpectRowsOpen(0);
+  program.Sweep(1);  // 33
+  ExpectRowsOpen(10);
+}
+
 TEST_F(Prezzi, OnlyAsManyRowsOpenAsThereAreSelections) {
   program.link.SetBoardNumber(2, 3);
   Open();
@@ -231,6 +243,19 @@ TEST_F(Prezzi, ATextForTheNumberOfSelectionsEndsTheProgram) {
 }
 
 // Decimals.
+
+TEST_F(Prezzi, APriceThatIsAnsweredWhileTheDecimalsAreBeingWrittenIsNotDrawn) {
+  Open();
+  program.link.SetBoardNumber(25, 999);
+  for (const int price : {23, 25}) program.link.access.WatchParameter(price);
+  program.Sweep(1);  // 23
+  program.link.access.WriteParameter(22, 3);
+  program.Sweep(1);  // 25
+  EXPECT_TRUE(program.link.access.IsParameterFresh(25, 0));
+  EXPECT_EQ(Price(2), "3.05");
+  program.Sweep(2);  // the end of the pass, and 22
+  EXPECT_EQ(Price(2), "0.999");
+}
 
 TEST_F(Prezzi, APriceThatIsAnsweredBeforeTheDecimalsIsDrawnWithThem) {
   OpenUnanswered();
