@@ -285,6 +285,17 @@ TEST_F(Password, LeavingTheFieldInTheHalfSecondWritesTheOldDigit) {
   ExpectSent({WriteFrame(411, 1), WriteFrame(415, 1)});
 }
 
+TEST_F(Password, LeavingTheFieldAfterTheWriteAndBeforeTheReplyBringsTheOldDigitBack) {
+  Open();
+  program.link.board.StaySilent(1);
+  TypeDigit(0, "7");
+  Wait(700);
+  EXPECT_EQ(program.link.Value(411), Bytes{7});
+  EXPECT_EQ(Text("Text1(0)"), "7");
+  TypeOnly("Text1(1)", "");
+  EXPECT_EQ(Text("Text1(0)"), "1");
+}
+
 TEST_F(Password, AFieldThatIsEmptyAtTheEndOfTheHalfSecondEndsTheProgram) {
   Open();
   TypeDigit(0, "7");
