@@ -227,6 +227,7 @@ TEST_P(TypedField, WritesATypedValueToBothPlaces) {
   OpenForUser();
   Replace(row_.text, Typed());
   Press(text_, Qt::Key_Return);
+  EXPECT_TRUE(program.Find(form_, text_).hasFocus());
   if (HasBar(row_)) {
     EXPECT_EQ(Position(bar_), PositionOf(value_.typed.raw));
   }
@@ -247,6 +248,7 @@ TEST_P(TypedField, RestoresWhatItShowedAfterARefusedTextAndWritesNothing) {
     Press(text_, Qt::Key_Return);
     EXPECT_EQ(Text(text_), Shown());
     EXPECT_TRUE(IsWhite(text_));
+    EXPECT_TRUE(program.Find(form_, text_).hasFocus());
     if (HasBar(row_)) {
       EXPECT_EQ(Position(bar_), PositionOf(value_.shown.raw));
     }

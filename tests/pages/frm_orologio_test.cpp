@@ -354,6 +354,14 @@ TEST_F(Orologio, TheSliderTurnedBackBeforeTheReplyWritesTheFlagsAsTheyWere) {
   ExpectSent({WriteFrame(3, 229), WriteFrame(355, 229)});
 }
 
+// The password page has written them, and the board hasn't answered yet.
+TEST_F(Orologio, TheSliderCarriesTheFlagsAsTheyWereDelivered) {
+  OpenOn(2);
+  program.link.access.WriteParameter(3, 16);
+  PressFocused("iSwitchSliderX1", Qt::Key_Left);
+  ExpectSent({WriteFrame(3, 237), WriteFrame(355, 237)});
+}
+
 TEST_F(Orologio, CopyingThePcTimeWritesItsFivePartsAndNothingElse) {
   Open();
   program.now = [] { return QDateTime(QDate(2031, 12, 24), QTime(18, 7, 42)); };
