@@ -204,7 +204,19 @@ TEST_F(PagamentoSystem, AFieldThatClosesWhileItIsBeingEditedLosesWhatWasTyped) {
   BoardSays(71, 1);
   EXPECT_FALSE(IsEnabled("Text5(2)"));
   EXPECT_EQ(Text("Text5(2)"), "12");
+  EXPECT_EQ(FocusedFields(), 0);
   EXPECT_THAT(Pending(), IsEmpty());
+}
+
+TEST_F(PagamentoSystem, AFieldOnTabsThatCloseWhileItIsBeingEditedLosesWhatWasTyped) {
+  program.link.SetBoardNumber(71, 3);
+  Open();
+  const QString shown = Text("Text1(0)");
+  TypeOnly("Text1(0)", "7");
+  BoardSays(71, 1);
+  EXPECT_FALSE(IsEnabled("Text1(0)"));
+  EXPECT_EQ(Text("Text1(0)"), shown);
+  EXPECT_EQ(FocusedFields(), 0);
 }
 
 // What is open stays as it is.

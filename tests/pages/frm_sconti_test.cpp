@@ -245,11 +245,12 @@ TEST_F(Sconti, AfterTheMessageTheOldTextComesBackOnWhite) {
   program.link.wire.ExpectNothing();
 }
 
-TEST_F(Sconti, AReplyThatLandsWhileTheMessageStandsIsWhatComesBack) {
+TEST_F(Sconti, AReplyThatLandsWhileTheMessageStandsIsShownAndComesBack) {
   Open();
   Type(0, "abc");
   program.link.SetBoardNumber(43, 777);
   AskAgain(43);
+  EXPECT_EQ(Text(0), "7.77");
   program.link.dialogs.Answer(Answer::kOk);
   EXPECT_EQ(Text(0), "7.77");
 }
