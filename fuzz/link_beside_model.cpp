@@ -49,7 +49,7 @@ LinkBesideModel::LinkBesideModel()
 }
 
 void LinkBesideModel::Load() {
-  ser_.Load(1);
+  ser_.Load();
   model_.Connect();
   Pass(0);
 }
