@@ -56,6 +56,7 @@ BoardLoop::BoardLoop(const Options& options)
       line_(board_),
       console_(board_, line_),
       link_(options.link) {
+  if (options.snapshot) LayDown(*options.snapshot, board_);
   line_.SetBaud(options.baud);
   board_.FaultState().Set(options.fault);
 }

@@ -19,7 +19,8 @@ namespace sorvane::simulator {
 // and prints what happens on standard output.
 class BoardLoop {
  public:
-  // Throws std::runtime_error if the index files can't be read.
+  // Throws std::runtime_error if the index files can't be read, and CommandError for a snapshot
+  // that doesn't fit them.
   explicit BoardLoop(const Options& options);
 
   // Gives the link's place back and prints what stands there again.

@@ -19,11 +19,17 @@ std::string CheckFault(const std::string& words) {
   return {};
 }
 
+std::string CheckName(const std::string& file) {
+  return file.empty() ? "the file's name is empty" : std::string();
+}
+
 }  // namespace
 
 std::optional<Options> ReadOptions(int argc, const char* const* argv,
                                    const std::filesystem::path& program_folder, int& exit_code) {
-  Options options{program_folder, program_folder / "COM1", {}, SerialLine::kUnlimited, {}, false};
+  Options options;
+  options.index_folder = program_folder;
+  options.link = program_folder / "COM1";
   std::string fault = "none";
   bool refuse_day_0 = false;
 
@@ -40,6 +46,12 @@ std::optional<Options> ReadOptions(int argc, const char* const* argv,
   line.AddNumber("--revision", revision, kByte, "revision, which chooses the index file");
   std::string index_folder = options.index_folder.string();
   std::string link = options.link.string();
+  std::string snapshot;
+  line.AddOption("--load", snapshot, "SNAPSHOT", CheckName,
+                 "what the board holds, and its type, software and revision");
+  for (const char* const word : {"--type", "--software", "--revision"}) {
+    line.Exclude("--load", word);
+  }
   line.AddOption("--index", index_folder, "folder of the index files");
   line.AddOption("--link", link, "link under which the program finds the board");
   line.AddNumber("--baud", options.baud,
@@ -47,7 +59,8 @@ std::optional<Options> ReadOptions(int argc, const char* const* argv,
                  "speed of the wire in bits a second; 0 is unlimited");
   line.AddOption("--fault", fault, "FAULT", CheckFault,
                  "fault to begin with, such as \"wrong checksum 2\"; one of " + FaultNames());
-  line.AddFlag("--refuse-day-0", refuse_day_0, "the same as --fault \"refuses day 0\"", "--fault");
+  line.AddFlag("--refuse-day-0", refuse_day_0, "the same as --fault \"refuses day 0\"");
+  line.Exclude("--refuse-day-0", "--fault");
   line.AddFlag("--quiet", options.quiet, "don't print the exchanges");
 
   if (!line.Read(argc, argv, exit_code)) return std::nullopt;
@@ -57,6 +70,12 @@ std::optional<Options> ReadOptions(int argc, const char* const* argv,
   options.identity.number = static_cast<uint8_t>(number);
   options.identity.software = static_cast<uint8_t>(software);
   options.identity.revision = static_cast<uint8_t>(revision);
+  if (!snapshot.empty()) {
+    options.snapshot = ReadSnapshot(snapshot);
+    options.identity.type = options.snapshot->type;
+    options.identity.software = options.snapshot->software;
+    options.identity.revision = options.snapshot->revision;
+  }
   options.fault = ParseFault(refuse_day_0 ? "refuses day 0" : fault);
   return options;
 }

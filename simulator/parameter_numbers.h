@@ -6,7 +6,10 @@ namespace sorvane::simulator::number {
 
 inline constexpr int kSelections = 2;
 inline constexpr int kOptions = 3;
+inline constexpr int kMachineNumber = 9;
+inline constexpr int kLocationNumber = 10;
 inline constexpr int kLanguageNames = 12;  // ten
+inline constexpr int kDecimals = 22;       // of all amounts; second copy of kDecimalPoint
 inline constexpr int kPrices = 23;         // ten
 inline constexpr int kDiscounts = 43;      // ten
 inline constexpr int kHour = 54;
@@ -15,6 +18,7 @@ inline constexpr int kDay = 56;
 inline constexpr int kMonth = 57;
 inline constexpr int kYear = 58;           // since 2000
 inline constexpr int kDiscountBands = 59;  // two of four: from hour and minute, to hour and minute
+inline constexpr int kDecimalPoint = 85;
 inline constexpr int kAlarmRing = 118;     // twenty records of eight
 inline constexpr int kAlarmPointer = 278;  // the newest record, 0 to 19
 inline constexpr int kTakings = 279;       // this total and the next two: resettable, then not

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "simulator/parameter_numbers.h"
+#include "simulator/second_copies.h"
 
 namespace sorvane::simulator {
 namespace {
@@ -63,24 +64,6 @@ constexpr std::array<const char*, 10> kLanguages = {
     "Suomi",
 };
 
-struct Mirror {
-  int primary;
-  int mirror;
-  int count;
-};
-
-constexpr std::array<Mirror, 9> kMirrors = {{
-    {1, 353, 8},    // general settings
-    {67, 361, 4},   // on, off
-    {71, 365, 14},  // payment system to base coin
-    {86, 379, 2},   // credit timeout, mode
-    {88, 381, 2},   // banknotes
-    {90, 383, 6},   // coins
-    {23, 391, 10},  // prices
-    {98, 401, 10},  // columns
-    {411, 415, 4},  // password
-}};
-
 struct Alarm {
   int days_ago;
   int hour;
@@ -134,10 +117,9 @@ void FillSampleContents(Memory& memory, const DateTime& now) {
   for (const char* const name : kLanguages) memory.SetText(Parameter(at++), name);
   SetClock(memory, now);
   FillAlarms(memory, now);
-  for (const Mirror& mirror : kMirrors) {
-    for (int i = 0; i < mirror.count; ++i) {
-      memory.SetNumber(Parameter(mirror.mirror + i), memory.Number(Parameter(mirror.primary + i)));
-    }
+  for (int i = 1; i <= memory.ParameterCount(); ++i) {
+    const int copy = SecondCopyOf(i);
+    if (copy != 0) memory.SetNumber(Parameter(copy), memory.Number(Parameter(i)));
   }
 }
 

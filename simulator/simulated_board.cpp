@@ -50,15 +50,23 @@ SimulatedBoard::SimulatedBoard(std::filesystem::path folder, const Identity& ide
 void SimulatedBoard::Become(const Identity& identity) {
   const std::string name = ChooseIndexName(folder_, identity.revision);
   if (name != index_name_) {
-    auto system = ReadRecords(folder_ / FirstLevelName(kFileType), kFirstLevelSize);
-    auto parameters = ReadRecords(folder_ / name, kSecondLevelSize);
-    Memory memory(std::move(system), std::move(parameters));
+    Memory memory = FreshMemory(name);
     FillSampleContents(memory, start_);
     memory.TakeOver(memory_);
     memory_ = std::move(memory);
     index_name_ = name;
   }
   identity_ = identity;
+  LayDownIdentity();
+}
+
+Memory SimulatedBoard::FreshMemory(const std::string& index_name) const {
+  return {ReadRecords(folder_ / FirstLevelName(kFileType), kFirstLevelSize),
+          ReadRecords(folder_ / index_name, kSecondLevelSize)};
+}
+
+void SimulatedBoard::Forget() {
+  memory_ = FreshMemory(index_name_);
   LayDownIdentity();
 }
 

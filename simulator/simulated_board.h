@@ -35,6 +35,10 @@ class SimulatedBoard {
   // the constructor does, and changes nothing then.
   void Become(const Identity& identity);
 
+  // Gives every parameter the default of the index files. Throws as the constructor does, and
+  // changes nothing then.
+  void Forget();
+
   // The name of the second-level file in use.
   const std::string& IndexName() const { return index_name_; }
 
@@ -57,6 +61,7 @@ class SimulatedBoard {
   void PassSeconds(int64_t seconds);
 
  private:
+  Memory FreshMemory(const std::string& index_name) const;
   void LayDownIdentity();
 
   std::filesystem::path folder_;

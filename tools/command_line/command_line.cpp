@@ -85,10 +85,12 @@ void CommandLine::AddRequiredNumber(const std::string& name, int& value, const R
   parser_->app.add_option(name, value, help)->required()->check(InRange(range));
 }
 
-void CommandLine::AddFlag(const std::string& name, bool& value, const std::string& help,
-                          const std::string& excluded) {
-  CLI::Option& flag = *parser_->app.add_flag(name, value, help);
-  if (!excluded.empty()) flag.excludes(parser_->app.get_option(excluded));
+void CommandLine::AddFlag(const std::string& name, bool& value, const std::string& help) {
+  parser_->app.add_flag(name, value, help);
+}
+
+void CommandLine::Exclude(const std::string& one, const std::string& other) {
+  parser_->app.get_option(one)->excludes(parser_->app.get_option(other));
 }
 
 CommandLine& CommandLine::AddCommand(const std::string& name, const std::string& help) {

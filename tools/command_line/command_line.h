@@ -54,9 +54,10 @@ class CommandLine {
   // A number that can't be missing.
   void AddRequiredNumber(const std::string& name, int& value, const Range& range,
                          const std::string& help);
-  // An option without a value, which can't stand beside another one, if that is named.
-  void AddFlag(const std::string& name, bool& value, const std::string& help,
-               const std::string& excluded = {});
+  // An option without a value.
+  void AddFlag(const std::string& name, bool& value, const std::string& help);
+  // Two options, announced before, that can't stand beside each other.
+  void Exclude(const std::string& one, const std::string& other);
 
   // A command with arguments and options of its own. One of the commands must stand on the line.
   // The line's own options may stand behind it, too.

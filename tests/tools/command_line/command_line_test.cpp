@@ -17,7 +17,8 @@ class OneOfEach : public testing::Test {
     line_.AddOption(
         "--colour", colour, "COLOUR",
         [](const std::string& text) { return text == "red" ? "not that one" : ""; }, "another");
-    line_.AddFlag("--grey", grey, "no colour", "--colour");
+    line_.AddFlag("--grey", grey, "no colour");
+    line_.Exclude("--grey", "--colour");
     CommandLine& add = line_.AddCommand("add", "puts files together");
     add.AddArguments("files", files, "the files");
     add.AddRequiredNumber("--parts", parts, {.least = 1, .most = 2}, "a number");
