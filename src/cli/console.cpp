@@ -2,6 +2,8 @@
 
 #include <iostream>
 
+#include "cli/failure.h"
+
 namespace sorvane::cli {
 namespace {
 
@@ -12,6 +14,7 @@ constexpr int kBarWidth = 30;
 void Console::Print(std::string_view text) {
   WipeProgress();
   streams_.out << text << std::flush;
+  if (!streams_.out) throw Failure(ExitCode::kUsage, "the standard output can't be written");
 }
 
 void Console::Tell(std::string_view words) {
@@ -28,7 +31,7 @@ bool Console::Confirm(std::string_view question) {
   WipeProgress();
   streams_.err << question << " [y/N] " << std::flush;
   std::string answer;
-  std::getline(streams_.in, answer);
+  if (!std::getline(streams_.in, answer)) streams_.err << std::endl;
   return answer == "y" || answer == "Y" || answer == "yes";
 }
 

@@ -47,6 +47,18 @@ class Disks(Workplace):
         done = self.run_cli("--yes", "set", "price.1=1.75", before=LEAST_RIGHTS)
         self.assert_nothing_written(done, f"{self.data}/sorvane/copies/100234: ")
 
+    def test_a_result_that_finds_no_room_is_no_success(self):
+        for command in (("info",), ("backup",), ("get", "price.1"), ("names",)):
+            with open("/dev/full", "wb") as full:
+                done = self.run_cli(*command, stdout=full)
+            self.assertEqual((done.code, done.err),
+                             (2, "sorvane-cli: the standard output can't be written\n"), command)
+
+    def test_a_plan_that_finds_no_room_is_not_carried_out(self):
+        with open("/dev/full", "wb") as full:
+            done = self.run_cli("--yes", "set", "price.1=1.75", stdout=full)
+        self.assert_nothing_written(done, "the standard output can't be written")
+
 
 class Names(Workplace):
     def assert_works_in(self, folder):
