@@ -90,6 +90,7 @@ struct Question {
 void Agree(const Task& task, const Question& question) {
   if (task.request.yes && !question.always) return;
   if (task.console.Confirm(question.words)) return;
+  if (task.around.interrupted()) throw Failure(ExitCode::kInterrupted, "interrupted");
   throw Failure(question.always ? ExitCode::kWrongBoard : ExitCode::kUsage, "nothing is written");
 }
 

@@ -20,14 +20,15 @@ class Console {
 
   Console(const Streams& streams, bool quiet) : streams_(streams), quiet_(quiet) {}
 
-  // A result, as it is.
+  // A result, as it is. Throws Failure kUsage where it finds no room.
   void Print(std::string_view text);
   // Words beside the results, a line; nothing if the program is to be quiet.
   void Tell(std::string_view words);
   // What went wrong, a line.
   void Complain(std::string_view words);
 
-  // Whether a person answers a question with yes. No, where nobody can be asked.
+  // Whether a person answers a question with yes. No, where nobody can be asked, and where the
+  // person ends the program or its input instead.
   bool Confirm(std::string_view question);
 
   // How far a piece of work is; wiped away by whatever comes next.

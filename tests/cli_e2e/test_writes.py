@@ -36,6 +36,15 @@ class AWrite(Workplace):
             self.assertEqual((done.code, done.lines("confirmed")), (2, []), word)
         self.assert_untouched()
 
+    def test_interrupted_at_the_question_is_told_as_such(self):
+        conversation = self.talk("set", "price.1=1.75")
+        conversation.wait_question()
+        conversation.interrupt()
+        done = conversation.done()
+        self.assertEqual(done.code, 130)
+        self.assertTrue(done.err.endswith("\r\nsorvane-cli: interrupted\r\n"), done.err)
+        self.assert_untouched()
+
     def test_out_of_range_writes_nothing_at_all(self):
         done = self.run_cli("--yes", "set", "price.1=1.75", "selections=11")
         self.assertEqual(done.code, 2)
