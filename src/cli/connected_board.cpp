@@ -62,12 +62,13 @@ ConnectedBoard::ConnectedBoard(const Request& request, const Surroundings& aroun
   }
 }
 
-void ConnectedBoard::CheckInterrupted() const {
+void ConnectedBoard::CheckGoesOn() const {
   if (around_.interrupted()) throw Failure(ExitCode::kInterrupted, "interrupted");
+  if (trace_) trace_->CheckWhole();
 }
 
 std::optional<Bytes> ConnectedBoard::TryRead(int32_t number, const std::string& name) {
-  CheckInterrupted();
+  CheckGoesOn();
   if (session_.SizeOf(number) == 0) {
     throw Failure(ExitCode::kWrongBoard, "this board has no " + name);
   }
@@ -113,7 +114,7 @@ Snapshot ConnectedBoard::Take(std::span<const CatalogueEntry* const> entries, co
   std::ranges::sort(places, {}, &Place::number);
   std::size_t done = 0;
   while (done < places.size()) {
-    CheckInterrupted();
+    CheckGoesOn();
     console.ShowProgress("reading", static_cast<int>(done), static_cast<int>(places.size()));
     const std::size_t count = std::min(Session::kAtOnce, places.size() - done);
     const auto wanted = std::span(places).subspan(done, count);

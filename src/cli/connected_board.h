@@ -31,7 +31,8 @@ class ConnectedBoard {
   bool Has(const CatalogueEntry& entry) const { return session_.SizeOf(entry.number) != 0; }
 
   // A parameter's value. Throws Failure kNoBoard where the board doesn't answer, kInterrupted where
-  // the person wants the end, and kWrongBoard where the index file has no such parameter.
+  // the person wants the end, kWrongBoard where the index file has no such parameter, and kUsage
+  // where the trace can't be kept.
   Bytes Read(const CatalogueEntry& entry);
 
   // The decimals with which the board draws its amounts, asked once.
@@ -71,7 +72,9 @@ class ConnectedBoard {
   std::size_t Keep(std::span<const Place> places, Snapshot& snapshot);
 
   std::optional<Bytes> TryRead(int32_t number, const std::string& name);
-  void CheckInterrupted() const;
+  // Throws Failure where the person wants the end or the trace can't be kept. Looked at between
+  // reads, and not in the midst of writes, which are told about to their end.
+  void CheckGoesOn() const;
 
   const Request& request_;
   const Surroundings& around_;

@@ -44,8 +44,13 @@ Trace::Trace(const std::filesystem::path& file, const Catalogue& catalogue, cons
     : catalogue_(catalogue),
       session_(session),
       now_(std::move(now)),
+      file_(file),
       out_(file, std::ios::binary | std::ios::trunc) {
-  if (!out_) throw Failure(ExitCode::kUsage, file.string() + ": can't be written");
+  CheckWhole();
+}
+
+void Trace::CheckWhole() const {
+  if (!out_) throw Failure(ExitCode::kUsage, file_.string() + ": can't be written");
 }
 
 void Trace::Tell(const Bytes& sent, const Bytes& received, TryOutcome outcome) {

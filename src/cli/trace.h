@@ -22,6 +22,9 @@ class Trace {
 
   void Tell(const Bytes& sent, const Bytes& received, TryOutcome outcome);
 
+  // Throws Failure kUsage where not all that was told could be kept.
+  void CheckWhole() const;
+
  private:
   // What a frame is about.
   struct Subject {
@@ -33,6 +36,7 @@ class Trace {
   const Catalogue& catalogue_;
   const Session& session_;
   std::function<QDateTime()> now_;
+  std::filesystem::path file_;
   std::ofstream out_;
 };
 

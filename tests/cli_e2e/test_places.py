@@ -59,6 +59,10 @@ class Disks(Workplace):
             done = self.run_cli("--yes", "set", "price.1=1.75", stdout=full)
         self.assert_nothing_written(done, "the standard output can't be written")
 
+    def test_frames_that_find_no_room_in_the_trace_end_the_command_before_it_writes(self):
+        done = self.run_cli("--trace", "/dev/full", "--yes", "set", "price.1=1.75")
+        self.assert_nothing_written(done, "/dev/full: can't be written")
+
 
 class Names(Workplace):
     def assert_works_in(self, folder):
