@@ -1,6 +1,5 @@
 #include <QCoreApplication>
 #include <QDateTime>
-#include <QStandardPaths>
 #include <chrono>
 #include <filesystem>
 #include <iostream>
@@ -11,6 +10,7 @@
 #include "cli/request.h"
 #include "cli/version.h"
 #include "platform/com_port_path.h"
+#include "platform/data_folder.h"
 #include "platform/program_path.h"
 #include "platform/serial_port.h"
 #include "platform/serial_ports.h"
@@ -63,10 +63,7 @@ int main(int argc, char** argv) {
       .port_holder = [&] { return PortHolder(device); },
       .port_name = device.string(),
       .index_folder = request->index_folder.empty() ? folder : request->index_folder,
-      .copies_folder = std::filesystem::path(
-                           QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)
-                               .toStdU16String()) /
-                       "sorvane" / "copies",
+      .copies_folder = DataFolder() / "sorvane" / "copies",
       .program = kProgram};
   around.interrupted();  // looked after from here on
   Console console({.in = std::cin,

@@ -87,6 +87,25 @@ class Names(Workplace):
     def test_may_hold_letters_of_all_languages(self):
         self.assert_works_in(self.place / ODD)
 
+    def test_need_not_be_text(self):
+        self.assert_works_in(self.place / NO_TEXT)
+
+    def test_need_not_be_text_where_the_home_is_all_that_is_told(self):
+        home = self.place / NO_TEXT
+        home.mkdir()
+        del self.environment["XDG_DATA_HOME"]
+        self.environment["HOME"] = str(home)
+        self.start_board()
+        self.run_well("--yes", "set", "price.1=1.75")
+        self.assertTrue((home / ".local/share/sorvane/copies/100234/000001.json").exists())
+
+    def test_a_data_folder_that_is_told_by_half_is_not_taken(self):
+        self.environment["XDG_DATA_HOME"] = "data"
+        self.start_board()
+        self.run_well("--yes", "set", "price.1=1.75")
+        self.assertTrue((self.place / ".local/share/sorvane/copies/100234/000001.json").exists())
+        self.assertFalse(self.data.exists())
+
 
 class Languages(Workplace):
     def test_change_nothing_of_what_is_written(self):
