@@ -13,9 +13,10 @@ set(CPACK_PACKAGE_DIRECTORY ${CMAKE_BINARY_DIR})
 set(CPACK_OUTPUT_FILE_PREFIX ${CMAKE_SOURCE_DIR}/build/packages)
 set(CPACK_VERBATIM_VARIABLES ON)
 
-# The program and the data files that it looks for beside itself, without the settings.
+# The program, the command line program, and the data files that both look for beside themselves,
+# without the settings.
 function(sorvane_install_program_folder destination)
-  install(TARGETS Sorvane RUNTIME DESTINATION ${destination})
+  install(TARGETS Sorvane sorvane-cli RUNTIME DESTINATION ${destination})
   file(GLOB tables CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/data/index/W*.txt)
   foreach(table IN LISTS tables)
     cmake_path(GET table STEM name)

@@ -21,7 +21,7 @@ bench_packages=(libmodbus-dev libxcb1-dev)
 check_packages=(clang-format clang-tidy clazy)
 
 # The Debian package.
-debian_packages=(dpkg-dev desktop-file-utils appstream shellcheck lintian)
+debian_packages=(dpkg-dev desktop-file-utils appstream shellcheck lintian man-db)
 
 # The Windows program.
 windows_packages=(

@@ -1,4 +1,5 @@
-# The Debian package. Its program folder is what the command sorvane copies for each user.
+# The Debian package. Its program folder is what the commands sorvane, sorvane-cli and sorvaneboard
+# copy for each user.
 
 set(texts ${CMAKE_SOURCE_DIR}/packaging/linux)
 set(made ${CMAKE_BINARY_DIR}/packaging)
@@ -14,8 +15,10 @@ sorvane_install_documents(${documents} ${documents}/examples)
 # One launcher that looks at the name by which it is called.
 install(PROGRAMS ${texts}/sorvane DESTINATION bin)
 file(MAKE_DIRECTORY ${made})
-file(CREATE_LINK sorvane ${made}/sorvaneboard SYMBOLIC)
-install(FILES ${made}/sorvaneboard DESTINATION bin)
+foreach(command sorvane-cli sorvaneboard)
+  file(CREATE_LINK sorvane ${made}/${command} SYMBOLIC)
+  install(FILES ${made}/${command} DESTINATION bin)
+endforeach()
 install(TARGETS SorvaneIndex SorvaneLanguages RUNTIME DESTINATION bin)
 
 install(FILES ${texts}/sorvane.desktop DESTINATION share/applications)
@@ -34,9 +37,12 @@ function(install_compressed text destination name)
   install(FILES ${made}/${name}.gz DESTINATION ${destination})
 endfunction()
 
-foreach(command sorvane sorvaneboard SorvaneIndex SorvaneLanguages)
+foreach(command sorvane sorvane-cli sorvaneboard SorvaneIndex SorvaneLanguages)
   install_compressed(${texts}/${command}.1 share/man/man1 ${command}.1)
 endforeach()
+install_compressed(${texts}/sorvane-snapshot.5 share/man/man5 sorvane-snapshot.5)
+install(FILES ${texts}/sorvane-cli.bash DESTINATION share/bash-completion/completions
+  RENAME sorvane-cli)
 configure_file(${texts}/changelog.Debian.in ${made}/changelog.Debian @ONLY)
 install_compressed(${made}/changelog.Debian ${documents} changelog.Debian)
 install_compressed(${CMAKE_SOURCE_DIR}/CHANGELOG.md ${documents} changelog)
@@ -55,6 +61,9 @@ set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
 serial line. It shows what the board holds and changes it: settings, prices,
 discounts, payment, the clock and the assignment of keys and columns. Totals,
 counters and the last alarms can be read.
+.
+On the command line, sorvane-cli keeps all that a board holds as a snapshot,
+compares machines, and puts a snapshot back.
 .
 A simulated board for training comes along, and so do the tools that make
 index files and check language files.")

@@ -12,9 +12,10 @@ import package
 ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
 LANGUAGES = ("Dansk Deutsch English Espanol Francais Italiano Nederlands Norsk Portugues "
              "Svenska").split()
-PROGRAM_FOLDER = {"Sorvane", "SorvaneBoard", "Sorvane.ini", "W0309.inx", "W0309AA00.inx",
+PROGRAM_FOLDER = {"Sorvane", "SorvaneBoard", "sorvane-cli", "Sorvane.ini", "W0309.inx", "W0309AA00.inx",
                   "W0309AA07.inx"} | {f"{name}.lng" for name in LANGUAGES}
-COMMANDS = {"sorvane", "sorvaneboard", "SorvaneIndex", "SorvaneLanguages"}
+LAUNCHED = {"sorvane-cli", "sorvaneboard"}  # by the launcher, under these names
+COMMANDS = {"sorvane", "SorvaneIndex", "SorvaneLanguages"} | LAUNCHED
 ICON_SIZES = (16, 24, 32, 48, 64, 128, 256)
 
 # One line of the list: rights, owner, size, date, time, name, and where a link leads.
@@ -51,14 +52,16 @@ class Contents(unittest.TestCase):
 
     def test_the_commands_are_there(self):
         self.assertEqual(self.names("usr/bin"), COMMANDS)
-        self.assertEqual(self.listed["usr/bin/sorvaneboard"][5], "sorvane")
+        for name in LAUNCHED:
+            self.assertEqual(self.listed[f"usr/bin/{name}"][5], "sorvane")
 
     def test_everything_belongs_to_root(self):
         self.assertEqual({entry[2] for entry in self.listed.values()}, {"root/root"})
 
     def test_programs_alone_can_be_executed(self):
-        programs = {f"usr/bin/{name}" for name in COMMANDS - {"sorvaneboard"}}
-        programs |= {"usr/lib/sorvane/Sorvane", "usr/lib/sorvane/SorvaneBoard"}
+        programs = {f"usr/bin/{name}" for name in COMMANDS - LAUNCHED}
+        programs |= {f"usr/lib/sorvane/{name}"
+                     for name in ("Sorvane", "SorvaneBoard", "sorvane-cli")}
         for name, entry in self.listed.items():
             expected = ("drwxr-xr-x" if not name or name.endswith("/") else
                         "lrwxrwxrwx" if entry[5] else
@@ -66,8 +69,8 @@ class Contents(unittest.TestCase):
             self.assertEqual(entry[1], expected, name)
 
     def test_programs_are_stripped(self):
-        for name in ("lib/sorvane/Sorvane", "lib/sorvane/SorvaneBoard", "bin/SorvaneIndex",
-                     "bin/SorvaneLanguages"):
+        for name in ("lib/sorvane/Sorvane", "lib/sorvane/SorvaneBoard", "lib/sorvane/sorvane-cli",
+                     "bin/SorvaneIndex", "bin/SorvaneLanguages"):
             sections = package.ask("readelf", "--section-headers", "--wide",
                                    str(self.root / "usr" / name))
             self.assertIn(".text", sections)
@@ -93,6 +96,19 @@ class Contents(unittest.TestCase):
     def test_every_command_has_a_manual_page(self):
         self.assertEqual(self.names("usr/share/man/man1"),
                          {f"{command}.1.gz" for command in COMMANDS})
+        self.assertEqual(self.names("usr/share/man/man5"), {"sorvane-snapshot.5.gz"})
+
+    def test_manual_pages_are_set_without_complaint(self):
+        for page in (self.root / "usr/share/man").glob("man*/*"):
+            run = subprocess.run(["man", "--warnings", "--local-file", str(page)], check=True,
+                                 stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
+            self.assertEqual(run.stderr, "", page.name)
+
+    def test_bash_completes_the_command_line_program(self):
+        script = self.root / "usr/share/bash-completion/completions/sorvane-cli"
+        self.assertEqual(script.read_bytes(),
+                         (ROOT / "packaging/linux/sorvane-cli.bash").read_bytes())
+        self.assertEqual(self.complaints("shellcheck", str(script)), "")
 
     def test_the_manual_is_there_in_both_languages(self):
         manual = "usr/share/doc/sorvane/manual"

@@ -64,6 +64,12 @@ class Launcher(unittest.TestCase):
                               stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True,
                               timeout=PATIENCE)
 
+    def run_cli(self, *arguments):
+        return subprocess.run([str(self.commands / "sorvane-cli"), *arguments], check=False,
+                              env=self.environment, cwd="/", stdin=subprocess.DEVNULL,
+                              stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True,
+                              timeout=PATIENCE)
+
     def update_well(self):
         run = self.update()
         self.assertEqual(run.returncode, 0, run.stdout)
@@ -154,8 +160,14 @@ class Launcher(unittest.TestCase):
     def test_a_folder_that_cant_be_made_is_told(self):
         (self.home / ".local").write_bytes(b"in the way")
         run = self.update()
-        self.assertNotEqual(run.returncode, 0)
+        self.assertEqual(run.returncode, 1)
         self.assertIn(".local", run.stdout)
+
+    def test_a_folder_that_cant_be_made_is_no_difference_to_the_command_line(self):
+        (self.home / ".local").write_bytes(b"in the way")
+        run = self.run_cli("names")
+        self.assertEqual((run.returncode, run.stdout), (2, ""))
+        self.assertIn(".local", run.stderr)
 
     def test_nothing_is_written_where_nothing_has_changed(self):
         self.update_well()
@@ -164,14 +176,32 @@ class Launcher(unittest.TestCase):
         after = {path.name: path.stat().st_ctime_ns for path in self.own.iterdir()}
         self.assertEqual(after, before)
 
-    def test_program_and_board_meet_in_the_users_folder(self):
-        board = offspring.start([str(self.commands / "sorvaneboard"), "--quiet"], cwd="/",
+    def start_board(self, *arguments):
+        board = offspring.start([str(self.commands / "sorvaneboard"), "--quiet", *arguments], cwd="/",
                                 env=self.environment, stdin=subprocess.PIPE,
                                 stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
         self.addCleanup(board.communicate)
         self.addCleanup(board.kill)
         wait_for("link of the board", (self.own / "COM1").is_symlink)
+
+    def test_program_and_board_meet_in_the_users_folder(self):
+        self.start_board()
         program = self.start()
         program.choose("Connect")
         wait_for("connection", lambda: program.enabled("Prezzi"))
         self.close(program)
+
+    def test_the_command_line_and_the_board_meet_in_the_users_folder(self):
+        self.start_board()
+        told = self.run_cli("info")
+        self.assertEqual((told.returncode, told.stderr), (0, ""))
+        self.assertIn("machine   100234\n", told.stdout)
+        self.assertIn(f"port      {self.own}/COM1\n", told.stdout)
+
+    def test_the_command_line_finds_index_files_that_the_user_has_added(self):
+        self.update_well()
+        (self.own / "W0309AA00.inx").rename(self.own / "W0309AA03.inx")
+        self.start_board("--revision", "3", "--index", str(self.installed))
+        told = self.run_cli("info")
+        self.assertEqual((told.returncode, told.stderr), (0, ""))
+        self.assertIn("revision 3\nindex     W0309AA03.inx\n", told.stdout)

@@ -14,8 +14,8 @@ from wait import wait_for
 
 KEY = r"HKCU\Software\Microsoft\Windows\CurrentVersion\Uninstall\Sorvane"
 NEEDED = {
-    "Sorvane.exe", "SorvaneIndex.exe", "SorvaneLanguages.exe", "Sorvane.ini", "README.txt",
-    "LICENSE.txt", "W0309.inx", "W0309AA00.inx", "W0309AA07.inx", "Dansk.lng", "Deutsch.lng",
+    "Sorvane.exe", "sorvane-cli.exe", "SorvaneIndex.exe", "SorvaneLanguages.exe", "Sorvane.ini",
+    "README.txt", "LICENSE.txt", "W0309.inx", "W0309AA00.inx", "W0309AA07.inx", "Dansk.lng", "Deutsch.lng",
     "English.lng", "Espanol.lng", "Francais.lng", "Italiano.lng", "Nederlands.lng", "Norsk.lng",
     "Portugues.lng", "Svenska.lng", "manual/en.html", "manual/it.html", "manual/style.css",
     "tables/W0309.txt", "tables/W0309AA00.txt", "tables/W0309AA07.txt", "tables/same-words.txt",

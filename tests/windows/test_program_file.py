@@ -1,4 +1,4 @@
-"""The program's file: its size, what it needs of Windows, and what it tells of itself."""
+"""The programs' files: their sizes, what they need of Windows, and what they tell of themselves."""
 
 import re
 import subprocess
@@ -18,12 +18,13 @@ OF_WINDOWS = set("""
     """.split())
 
 
-class ProgramFile(unittest.TestCase):
+class File:
+    """Of a program; name and subsystem are its own."""
+
     @classmethod
     def setUpClass(cls):
-        cls.file = bench.unpacked / "Sorvane.exe"
+        cls.file = bench.unpacked / cls.name
         cls.headers = read("x86_64-w64-mingw32-objdump", "-p", cls.file).decode()
-        cls.resources = read("wrestool", "--list", cls.file).decode()
 
     def test_it_is_no_larger_than_a_quick_download(self):
         self.assertLess(self.file.stat().st_size, LARGEST)
@@ -33,9 +34,24 @@ class ProgramFile(unittest.TestCase):
         self.assertIn("kernel32.dll", needed)
         self.assertEqual(needed - OF_WINDOWS, set())
 
-    def test_it_brings_windows_and_no_console(self):
+    def test_it_brings_a_console_where_that_is_its_place_alone(self):
         self.assertEqual(re.search(r"^Subsystem\s+\d+\s+\((.*)\)$", self.headers, re.M)[1],
-                         "Windows GUI")
+                         self.subsystem)
+
+
+class CommandLineFile(File, unittest.TestCase):
+    name = "sorvane-cli.exe"
+    subsystem = "Windows CUI"
+
+
+class ProgramFile(File, unittest.TestCase):
+    name = "Sorvane.exe"
+    subsystem = "Windows GUI"
+
+    @classmethod
+    def setUpClass(cls):
+        super().setUpClass()
+        cls.resources = read("wrestool", "--list", cls.file).decode()
 
     def test_it_tells_its_version(self):
         told = read("wrestool", "--extract", "--raw", "--type=16", self.file).decode("utf-16-le",
