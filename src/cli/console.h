@@ -20,6 +20,10 @@ class Console {
 
   Console(const Streams& streams, bool quiet) : streams_(streams), quiet_(quiet) {}
 
+  ~Console() { WipeProgress(); }
+  Console(const Console&) = delete;
+  Console& operator=(const Console&) = delete;
+
   // A result, as it is. Throws Failure kUsage where it finds no room.
   void Print(std::string_view text);
   // Words beside the results, a line; nothing if the program is to be quiet.

@@ -68,5 +68,14 @@ TEST_F(Consoles, ABarIsWipedAwayByWhatComesNext) {
   EXPECT_EQ(err.str(), '\r' + std::string(44, ' ') + "\rtrouble\n");
 }
 
+TEST_F(Consoles, ABarIsWipedAwayAtTheEnd) {
+  {
+    Console console = Of(true, true);
+    console.ShowProgress("reading", 2, 2);
+    err.str("");
+  }
+  EXPECT_EQ(err.str(), '\r' + std::string(44, ' ') + '\r');
+}
+
 }  // namespace
 }  // namespace sorvane::cli
