@@ -2,6 +2,7 @@
 
 import os
 import pathlib
+import pty
 import re
 import shutil
 import subprocess
@@ -46,6 +47,14 @@ def pattern(lines):
     parts = [r"(?:.*\n)*" if line == "..." else
              ".*".join(map(re.escape, line.split("..."))) + r"\n" for line in lines]
     return re.compile("".join(parts))
+
+
+def read_terminal(end):
+    """What comes next; nothing when nobody has the terminal open any more."""
+    try:
+        return os.read(end, 4096).decode()
+    except OSError:
+        return ""
 
 
 class ProgramFolder(unittest.TestCase):
@@ -99,8 +108,76 @@ class HowTos(ProgramFolder):
 
     def test_every_how_to_is_followed(self):
         self.assertEqual(sorted(path.name for path in HOWTOS.glob("*.md")),
-                         ["README.md", "index-file.md", "page.md", "training.md",
+                         ["README.md", "cloning.md", "index-file.md", "page.md", "training.md",
                           "translation.md"])
+
+
+class TenMachines(ProgramFolder):
+    """The how-to for machines that are set alike: first the model, then the others at the same
+    port, before a person who answers every question with yes."""
+
+    def setUp(self):
+        super().setUp()
+        self.environment["XDG_DATA_HOME"] = str(self.folder / "copies")
+
+    def plug_in(self, machine, price=None):
+        """A machine of this number, with a price of its own for two selections."""
+        board = subprocess.Popen([str(self.folder / "Sorvane/SorvaneBoard"), "--quiet"],
+                                 stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
+        self.addCleanup(board.communicate)
+        self.addCleanup(board.kill)
+        self.assertIn("leads to", board.stdout.readline())
+        orders = [f"set 9 {machine}"]
+        if price is not None:
+            orders += [f"set {number} {price}" for number in (25, 27, 393, 395)]
+        for order in orders:
+            board.stdin.write(f"{order}\n")
+            board.stdin.flush()
+            self.assertIn(" = ", board.stdout.readline())
+        return board
+
+    def unplug(self, board):
+        board.stdin.write("quit\n")
+        board.stdin.flush()
+        self.assertEqual(board.wait(LIMIT), 0)
+
+    def run_command(self, command):
+        """The same before a terminal."""
+        end, terminal = pty.openpty()
+        self.addCleanup(os.close, end)
+        process = subprocess.Popen(["bash", "-c", command], cwd=self.folder, env=self.environment,
+                                   stdin=terminal, stdout=terminal, stderr=terminal)
+        os.close(terminal)
+        self.addCleanup(process.wait)
+        self.addCleanup(process.kill)
+        shown = ""
+        while piece := read_terminal(end):
+            shown += piece
+            if shown.endswith("[y/N] "):
+                os.write(end, b"y\n")
+        code = process.wait(LIMIT)
+        # Where a line was written anew, its last words stand.
+        lines = [line.rpartition("\r")[2] for line in shown.replace("\r\n", "\n").split("\n")]
+        return "\n".join(lines) + (f"[exit code {code}]\n" if code else "")
+
+    def follow(self, block, number):
+        for command, lines in commands(block):
+            printed = self.run_command(command.replace("1001", number))
+            expected = [line.replace("1001", number) for line in lines]
+            self.assertTrue(pattern(expected).fullmatch(printed), f"{command}\n{printed}")
+
+    def test_are_set_alike_as_told(self):
+        model, *others = blocks("cloning.md", "console")
+        self.assertEqual(len(others), 4)
+        board = self.plug_in(100234)
+        self.follow(model, "1001")
+        self.unplug(board)
+        for machine in range(1001, 1010):
+            board = self.plug_in(machine, 110)
+            for block in others:
+                self.follow(block, str(machine))
+            self.unplug(board)
+        self.assertEqual(len(list(self.folder.glob("*.json"))), 10)
 
 
 class SimulatorPage(ProgramFolder):
