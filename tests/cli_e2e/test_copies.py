@@ -100,7 +100,7 @@ class ABoard(Workplace):
         self.raise_prices()
         self.board.tell("set 9 4711")
         self.keep("--mirrors", "--password")
-        self.board.close()
+        self.end_board()
         self.start_board("--load", str(self.snapshot))
         self.assertEqual(self.run_well("--mirrors", "diff", self.snapshot, "-"), "")
         self.assertEqual(self.board.holds(MACHINE), 4711)

@@ -123,6 +123,13 @@ class Workplace(unittest.TestCase):
     def start_board(self, *arguments):
         self.board = Board(self.folder, self.environment, *arguments)
         self.addCleanup(self.board.close)
+        self.addCleanup(self.end_board)
+
+    def end_board(self):
+        """In peace, so that its link is gone when the folder goes."""
+        if self.board.is_running():
+            self.board.tell("quit")
+            self.board.wait_end()
 
     def command(self, *words):
         return [str(self.folder / "sorvane-cli"), *map(str, words)]

@@ -114,7 +114,7 @@ class Shapes(unittest.TestCase):
         board = subprocess.Popen([str(PROGRAM.with_name("SorvaneBoard")), "--quiet", "--link",
                                   str(self.link)], stdin=subprocess.PIPE, stdout=subprocess.PIPE)
         self.addCleanup(board.communicate)
-        self.addCleanup(board.kill)
+        self.addCleanup(board.terminate)  # it takes its link away itself
         self.assertIn(b"leads to", board.stdout.readline())
 
     def give(self, *words, **options):

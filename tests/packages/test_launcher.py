@@ -181,7 +181,7 @@ class Launcher(unittest.TestCase):
                                 env=self.environment, stdin=subprocess.PIPE,
                                 stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
         self.addCleanup(board.communicate)
-        self.addCleanup(board.kill)
+        self.addCleanup(board.terminate)  # it takes its link away itself
         wait_for("link of the board", (self.own / "COM1").is_symlink)
 
     def test_program_and_board_meet_in_the_users_folder(self):
