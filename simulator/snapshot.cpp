@@ -1,7 +1,5 @@
 #include "simulator/snapshot.h"
 
-#include <algorithm>
-#include <array>
 #include <cstddef>
 #include <fstream>
 #include <limits>
