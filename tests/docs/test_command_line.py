@@ -75,7 +75,8 @@ class CommandPage(unittest.TestCase):
                 continue
             tag = next(tag for tag in self.page.tags("COMMANDS")
                        if f"{tag} ".startswith(f"{' '.join(words)} "))
-            self.assertEqual(set(re.findall(r"\b[A-Z]+\b", tag)) - {"SECONDS"},
+            arguments = re.sub(r"\[--[a-z-]+ [A-Z]+\]", "", tag)
+            self.assertEqual(set(re.findall(r"\b[A-Z]+\b", arguments)),
                              set(re.findall(r"\b[A-Z]+\b", usage)), words)
 
     def test_it_tells_every_option_and_no_other(self):
@@ -84,6 +85,20 @@ class CommandPage(unittest.TestCase):
         told = {option for section in ("OPTIONS", "COMMANDS") for tag in self.page.tags(section)
                 for option in OPTION.findall(tag)}
         self.assertEqual(told, there)
+
+    def test_the_manuals_type_what_there_is_and_the_same_in_both_languages(self):
+        typed = {}
+        for language in ("en", "it"):
+            text = (ROOT / "docs" / "manual" / f"{language}.md").read_text(encoding="utf-8")
+            lines = re.findall(r"(?:^    |`)sorvane-cli ([^`\n]+)", text, re.MULTILINE)
+            typed[language] = [re.sub(r"\w+\.json", "FILE", line) for line in lines]
+        self.assertGreater(len(typed["en"]), 10)
+        self.assertEqual(typed["it"], typed["en"])
+        for line in typed["en"]:
+            options = set(OPTION.findall(line))
+            command = [word for word in line.split() if not word.startswith("-")]
+            self.assertLessEqual(options, options_of(self.helps[()]), line)
+            self.assertTrue(not command or (command[0],) in self.helps, line)
 
     def test_it_tells_every_exit_status_that_the_help_tells(self):
         footer = " ".join(self.helps[()].partition("Exit status:")[2].split())
