@@ -1,5 +1,6 @@
 """The line to the board: nobody at it, another program at it, a board that says nothing."""
 
+import os
 import subprocess
 
 import offspring
@@ -20,9 +21,11 @@ class ThePort(Workplace):
         self.addCleanup(holder.communicate)
         self.addCleanup(holder.kill)
         self.assertIn(b"vends.total = 2140", holder.stdout.readline())
-        done = self.run_cli("info")
+        with open(os.devnull, "rb"):  # another device, which this process holds
+            done = self.run_cli("info")
         self.assertEqual(done.code, 3)
         self.assertRegex(done.err, rf"held by .*sorvane-cli \(process {holder.pid}\)")
+        self.assertNotIn(f"(process {os.getpid()})", done.err)
         holder.terminate()
         self.assertEqual(holder.wait(), 0)
         self.assertIn("machine   100234", self.run_well("info"))
