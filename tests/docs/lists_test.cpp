@@ -16,11 +16,11 @@
 #include <stdexcept>
 #include <string>
 
+#include "board/alarm_ring.h"
 #include "board/errors.h"
 #include "board/parameter.h"
 #include "pages/access/shipped_program.h"
 #include "pages/access/spoken.h"
-#include "pages/audit/alarm_ring.h"
 #include "pages/frm_info.h"
 #include "pages/program_pages.h"
 #include "shell/controls/bar.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "pages/audit/alarm_ring.h"
+#include "board/alarm_ring.h"
 #include "shell/page/page.h"
 
 class QProgressBar;

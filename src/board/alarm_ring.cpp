@@ -1,4 +1,4 @@
-#include "pages/audit/alarm_ring.h"
+#include "board/alarm_ring.h"
 
 #include "board/errors.h"
 #include "board/formats.h"
@@ -80,7 +80,7 @@ bool AlarmRing::Take(const Reply& reply) {
   if (reply.index == parameter::kAlarmPointer) {
     AlarmPointer = reply.Number();
   } else if (byte >= 0 && byte < parameter::kAlarmBytes) {
-    AlarmBytes.at(static_cast<std::size_t>(byte)) = ToInt16(reply.Number());
+    AlarmBytes.at(static_cast<std::size_t>(byte)) = ToInt16(static_cast<double>(reply.Number()));
   } else {
     return false;
   }
@@ -90,7 +90,7 @@ bool AlarmRing::Take(const Reply& reply) {
 std::vector<Alarm> AlarmRing::Alarms() const {
   std::vector<Alarm> alarms;
   if (AlarmPointer > kHighestPointer) return alarms;
-  int record = ToInt32(AlarmPointer);
+  auto record = static_cast<int>(AlarmPointer);
   for (int n = 0; n < parameter::kAlarmRecords; ++n) {
     if (Byte(record, kCode) > kHighestCode) break;
     alarms.push_back(At(record));
