@@ -15,6 +15,8 @@ ExitCode Run(const Task& task) {
       return TakeBackup(task);
     case Command::kGet:
       return ShowValues(task);
+    case Command::kAudit:
+      return ShowAudit(task);
     case Command::kWatch:
       return WatchValues(task);
     case Command::kDiff:

@@ -27,6 +27,7 @@ ExitCode ListNames(const Task& task);
 ExitCode ShowInfo(const Task& task);
 ExitCode TakeBackup(const Task& task);
 ExitCode ShowValues(const Task& task);
+ExitCode ShowAudit(const Task& task);
 ExitCode WatchValues(const Task& task);
 ExitCode ShowDifferences(const Task& task);
 ExitCode CheckSnapshot(const Task& task);

@@ -1,5 +1,9 @@
 #include "cli/request.h"
 
+#include <algorithm>
+#include <span>
+#include <string_view>
+
 #include "command_line/command_line.h"
 
 namespace sorvane::cli {
@@ -13,6 +17,8 @@ const char* const kFooter =
     "  sorvane-cli backup before.json              keep all that the board holds\n"
     "  sorvane-cli diff before.json -              what has changed since\n"
     "  sorvane-cli -n restore before.json          what putting it back would write\n"
+    "  sorvane-cli -o audit.html audit --format html --since before.json\n"
+    "                                              a page of what was sold since\n"
     "  sorvane-cli set price.3=1.50 option.free-vend=off\n"
     "  sorvane-cli undo                            take back the last change\n"
     "\n"
@@ -33,6 +39,25 @@ std::vector<Group> GroupsOf(const std::vector<std::string>& names) {
   return groups;
 }
 
+// In the order of AuditFormat and of Language.
+constexpr std::string_view kFormats[] = {"text", "csv", "json", "dts", "html"};
+constexpr std::string_view kLanguages[] = {"en", "it"};
+
+CommandLine::Check OneOf(std::span<const std::string_view> words) {
+  return [words](const std::string& typed) -> std::string {
+    if (std::ranges::find(words, typed) != words.end()) return {};
+    std::string wrong = typed + " is none of";
+    for (const std::string_view word : words) wrong += ' ' + std::string(word);
+    return wrong;
+  };
+}
+
+// The enumerator of one of the words.
+template <typename Value>
+Value ValueOf(std::span<const std::string_view> words, const std::string& typed) {
+  return static_cast<Value>(std::ranges::find(words, typed) - words.begin());
+}
+
 // The options as the line gives them.
 struct Typed {
   std::string index_folder;
@@ -40,6 +65,9 @@ struct Typed {
   std::string trace;
   std::vector<std::string> only;
   std::vector<std::string> except;
+  std::string format = "text";
+  std::string language = "en";
+  std::string since;
 };
 
 void AddOptions(CommandLine& line, Request& request, Typed& typed) {
@@ -71,7 +99,7 @@ struct Row {
   CommandLine* line;
 };
 
-std::vector<Row> AddCommands(CommandLine& line, Request& request) {
+std::vector<Row> AddCommands(CommandLine& line, Request& request, Typed& typed) {
   std::vector<Row> rows;
   const auto add = [&](Command command, const char* name, const char* help) -> CommandLine& {
     CommandLine& added = line.AddCommand(name, help);
@@ -84,6 +112,12 @@ std::vector<Row> AddCommands(CommandLine& line, Request& request) {
       .AddOptionalArguments("FILE", request.arguments, 1, "file of the snapshot");
   add(Command::kGet, "get", "show values by name")
       .AddArguments("NAME", request.arguments, "such as price.3; names lists them");
+  CommandLine& audit = add(Command::kAudit, "audit", "show what the machine has counted");
+  audit.AddOptionalArguments("FILE", request.arguments, 1, "a snapshot instead of the board");
+  audit.AddOption("--format", typed.format, "FORMAT", OneOf(kFormats),
+                  "text, csv, json, dts (EVA DTS 6.1) or html");
+  audit.AddOption("--language", typed.language, "LANGUAGE", OneOf(kLanguages), "of html: en or it");
+  audit.AddOption("--since", typed.since, "an earlier snapshot, to tell what has changed");
   CommandLine& watch = add(Command::kWatch, "watch", "show values whenever they change");
   watch.AddArguments("NAME", request.arguments, "such as vends.total");
   watch.AddNumber("--every", request.every, {.least = 0, .most = kLongestPause},
@@ -116,7 +150,7 @@ std::optional<Request> ReadRequest(int argc, const char* const* argv, const std:
   line.SetVersion(version);
   line.SetFooter(kFooter);
   AddOptions(line, request, typed);
-  const std::vector<Row> rows = AddCommands(line, request);
+  const std::vector<Row> rows = AddCommands(line, request, typed);
   if (!line.Read(argc, argv, exit_code)) return std::nullopt;
   for (const Row& row : rows) {
     if (row.line->IsChosen()) request.command = row.command;
@@ -126,6 +160,10 @@ std::optional<Request> ReadRequest(int argc, const char* const* argv, const std:
   request.trace = typed.trace;
   request.only = GroupsOf(typed.only);
   request.except = GroupsOf(typed.except);
+  request.audit_format =
+      request.json ? AuditFormat::kJson : ValueOf<AuditFormat>(kFormats, typed.format);
+  request.audit_language = ValueOf<Language>(kLanguages, typed.language);
+  request.since = typed.since;
   return request;
 }
 

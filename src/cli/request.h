@@ -14,6 +14,7 @@ enum class Command {
   kInfo,
   kBackup,
   kGet,
+  kAudit,
   kWatch,
   kDiff,
   kCheck,
@@ -23,6 +24,11 @@ enum class Command {
   kUndo,
   kClockSet,
 };
+
+enum class AuditFormat { kText, kCsv, kJson, kDts, kHtml };
+
+// Of pages that a person reads.
+enum class Language { kEnglish, kItalian };
 
 // What a person asked for on the command line.
 struct Request {
@@ -47,6 +53,10 @@ struct Request {
   bool json = false;
 
   int every = 2;  // of watch, in seconds
+
+  AuditFormat audit_format = AuditFormat::kText;
+  Language audit_language = Language::kEnglish;
+  std::filesystem::path since;  // an earlier snapshot to compare the audit with; empty for none
 
   char Mark() const { return comma ? ',' : '.'; }
 };
