@@ -57,7 +57,7 @@ rect { fill: var(--bar); }
 }
 )";
 
-// Text between tags and within quoted attributes. Characters that no page may hold turn into
+// Text between tags; no attribute holds any. Characters that no page may hold turn into
 // blanks.
 std::string Escaped(std::string_view text) {
   std::string escaped;
@@ -71,9 +71,6 @@ std::string Escaped(std::string_view text) {
         break;
       case '>':
         escaped += "&gt;";
-        break;
-      case '"':
-        escaped += "&quot;";
         break;
       default:
         escaped += static_cast<unsigned char>(c) < ' ' || c == '\x7f' ? ' ' : c;

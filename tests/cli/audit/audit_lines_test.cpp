@@ -1,7 +1,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <sstream>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 
 #include "cli/audit/audit_fixture.h"
 #include "cli/audit_formats.h"
@@ -69,6 +71,38 @@ TEST(AuditCsvTest, AlarmWithoutADateShowsWhatItHas) {
   EXPECT_THAT(alarm(), ElementsAre("alarm", "OBC_3", "product 3 is empty", "16:42", "", ""));
   Put(machine, newest + ".hour", 24);
   EXPECT_THAT(alarm(), ElementsAre("alarm", "OBC_3", "product 3 is empty", "", "", ""));
+}
+
+QJsonObject ObjectOf(const std::string& json) {
+  const QJsonDocument document = QJsonDocument::fromJson(QByteArray::fromStdString(json));
+  EXPECT_TRUE(document.isObject()) << json;
+  return document.object();
+}
+
+TEST(AuditJsonTest, WholeIsOneObjectWhateverTheTextsAre) {
+  Snapshot machine = Machine();
+  machine.program = "a \"b\" \\ <c>\n";
+  const QJsonObject audit = ObjectOf(AuditJson(Gathered(machine, MonthBefore())));
+  EXPECT_EQ(audit["program"].toString().toStdString(), machine.program);
+  EXPECT_EQ(audit["since"].toString(), "2026-10-20T08:00:00Z");
+  EXPECT_EQ(audit["figures"].toArray().size(), 8 + 30 + 10 + 22 + 16 + 4);
+  EXPECT_EQ(audit["alarms"].toArray().size(), 20);
+  EXPECT_EQ(audit["notes"].toArray().size(), 1);
+}
+
+TEST(AuditJsonTest, WhatIsNotKnownIsNull) {
+  Snapshot machine = Machine();
+  const int newest = static_cast<int>(NumberOf(machine.Find("alarm.newest")->raw));
+  PutRecord(machine, newest, {60, 9, 0, 0, 0, 0});
+  const QJsonObject audit = ObjectOf(AuditJson(Gathered(machine)));
+  EXPECT_TRUE(audit["since"].isNull());
+  const QJsonObject alarm = audit["alarms"].toArray().first().toObject();
+  EXPECT_EQ(alarm["code"].toInt(), 0);
+  EXPECT_EQ(alarm["meaning"].toString(), "code 0");
+  for (const char* key : {"event", "date", "time"}) EXPECT_TRUE(alarm[key].isNull()) << key;
+  const QJsonObject figure = audit["figures"].toArray().first().toObject();
+  EXPECT_TRUE(figure["before"].isNull());
+  EXPECT_TRUE(figure["growth"].isNull());
 }
 
 TEST(AuditTextTest, NoLineEndsInABlank) {
