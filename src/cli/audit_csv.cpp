@@ -30,6 +30,14 @@ std::string Change(const AuditData& data, const AuditNumber& number, char mark) 
   return growth ? data.Shown(number, *growth, mark) : "";
 }
 
+// "2026-03-07 09:05", or what is known of it.
+std::string Moment(const AuditAlarm& alarm) {
+  std::string moment = alarm.date ? DayText(*alarm.date) : "";
+  if (alarm.date && alarm.time) moment += ' ';
+  if (alarm.time) moment += TimeText(*alarm.time);
+  return moment;
+}
+
 }  // namespace
 
 std::string AuditCsv(const AuditData& data, char mark) {
@@ -49,10 +57,8 @@ std::string AuditCsv(const AuditData& data, char mark) {
                   shown(*number, number->before), Change(data, *number, mark)});
   }
   for (const AuditAlarm& alarm : data.alarms.value_or(std::vector<AuditAlarm>())) {
-    const std::string day = alarm.date ? DayText(*alarm.date) : "";
-    const std::string time = alarm.time ? TimeText(*alarm.time) : "";
-    text += Line({"alarm", alarm.event, MeaningOf(alarm, Language::kEnglish),
-                  day + (day.empty() || time.empty() ? "" : " ") + time, "", ""});
+    text +=
+        Line({"alarm", alarm.event, MeaningOf(alarm, Language::kEnglish), Moment(alarm), "", ""});
   }
   return text;
 }

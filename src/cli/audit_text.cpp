@@ -28,10 +28,12 @@ std::string Line(const AuditTable& table, const std::vector<std::string>& texts)
 std::string TableText(const AuditTable& table) {
   std::string text = table.title + '\n';
   std::vector<std::string> headings;
+  headings.reserve(table.columns.size());
   for (const AuditColumn& column : table.columns) headings.push_back(column.heading);
   if (!headings.front().empty()) text += Line(table, headings);
   for (const auto& row : table.rows) {
     std::vector<std::string> texts;
+    texts.reserve(row.size());
     for (const AuditCell& cell : row) texts.push_back(cell.text);
     text += Line(table, texts);
   }
