@@ -53,6 +53,7 @@ class AuditCommandTest : public testing::Test {
             [] {
               return QDateTime({2026, 11, 22}, {13, 30}, QTimeZone(3600));
             },
+        .utc_now = [] { return std::chrono::sys_seconds(std::chrono::seconds(1795350600)); },
         .interrupted = [] { return false; },
         .list_ports = [] { return std::vector<ListedPort>(); },
         .port_holder = [] { return std::string(); },
