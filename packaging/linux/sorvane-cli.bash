@@ -42,7 +42,8 @@ _sorvane_cli_ports() {
 # Whether the word behind this one is its value.
 _sorvane_cli_takes_value() {
   case $1 in
-    -p | --port | -i | --index | -o | --output | --trace | --only | --except | --every) ;;
+    -p | --port | -i | --index | -o | --output | --trace | --only | --except | --every | \
+      --format | --language | --since) ;;
     *) return 1 ;;
   esac
 }
@@ -83,8 +84,10 @@ _sorvane_cli() {
     case $before in
       -p | --port) _sorvane_cli_offer_files -f -W "$(_sorvane_cli_ports "$program")" ;;
       -i | --index) _sorvane_cli_offer_files -d ;;
-      -o | --output | --trace) _sorvane_cli_offer_files -f ;;
+      -o | --output | --trace | --since) _sorvane_cli_offer_files -f ;;
       --only | --except) _sorvane_cli_offer_groups ;;
+      --format) _sorvane_cli_offer -W "text csv json dts html" ;;
+      --language) _sorvane_cli_offer -W "en it" ;;
     esac
     return 0
   fi
@@ -112,7 +115,7 @@ _sorvane_cli() {
       ;;
     names) _sorvane_cli_offer -W "$(_sorvane_cli_names groups "$program")" ;;
     clock) _sorvane_cli_offer -W "$(_sorvane_cli_rows Subcommands "$program" clock)" ;;
-    backup | check | diff | restore) _sorvane_cli_offer_files -f ;;
+    audit | backup | check | diff | restore) _sorvane_cli_offer_files -f ;;
   esac
 }
 

@@ -77,9 +77,18 @@ class Completion(Workplace):
     def test_offers_files_and_folders_where_they_belong(self):
         (self.place / "held.json").touch()
         (self.place / "index").mkdir()
-        for line in ("check ", "diff - ", "restore ", "backup ", "-o ", "--trace ", "--output="):
+        for line in ("check ", "diff - ", "restore ", "backup ", "-o ", "--trace ", "--output=", "audit ",
+                     "audit --since "):
             self.assertLessEqual({"held.json", "index"}, self.complete(line), line)
         self.assertEqual(self.complete("--index "), {"Sorvane", "index"})
+
+    def test_offers_the_formats_and_languages_that_audit_takes(self):
+        formats, languages = self.complete("audit --format "), self.complete("audit --language ")
+        self.assertEqual((len(formats), len(languages)), (5, 2))
+        for option, words in (("--format", formats), ("--language", languages)):
+            for word in words:
+                self.run_well("audit", option, word, "--help")
+        self.assertIn("ports", self.complete("--since info "))
 
     def test_offers_the_ports_of_the_computer(self):
         stand_in = self.folder / "sorvane-cli"
