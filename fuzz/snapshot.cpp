@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <string>
 
-#include "catalogue/catalogue.h"
+#include "any_snapshot.h"
 #include "cli/snapshot_file.h"
 #include "input.h"
 
@@ -16,51 +16,6 @@ namespace {
 using cli::HeldValue;
 using cli::ParsedSnapshot;
 using cli::Snapshot;
-
-const Catalogue& TheCatalogue() {
-  static const Catalogue catalogue;
-  return catalogue;
-}
-
-// Texts of a snapshot are UTF-8; these have every sign that JSON writes in another way.
-std::string Text(Input& input) {
-  std::string text = input.TakeText(input.Byte() % 8U);
-  for (char& c : text) c = static_cast<char>(c & 127);
-  return text;
-}
-
-// A snapshot that a board could give: any of the parameters and second copies, in their order, each
-// with a value of any size and content.
-Snapshot AnySnapshot(Input& input) {
-  Snapshot snapshot{.time = Text(input),
-                    .program = Text(input),
-                    .type = input.Word(),
-                    .software = input.Byte(),
-                    .revision = input.Byte(),
-                    .index_file = Text(input),
-                    .index_sum = Text(input),
-                    .machine = input.Word() * 65536U + input.Word(),
-                    .location = input.Word(),
-                    .decimals = input.Byte(),
-                    .complete = input.Byte() % 2 == 0,
-                    .values = {}};
-  int32_t number = 0;
-  while (!input.Empty()) {
-    number += 1 + input.Byte() % 16;
-    const CatalogueEntry* entry = TheCatalogue().Find(number);
-    const bool copy = entry == nullptr;
-    if (copy) entry = TheCatalogue().FindByMirror(number);
-    if (entry == nullptr) continue;
-    HeldValue value{.number = number,
-                    .name = copy ? cli::MirrorName(*entry) : entry->name,
-                    .raw = input.Take(1U + input.Byte() % 16U),
-                    .shown = Text(input)};
-    if (value.raw.empty()) value.raw.push_back(0);
-    if (value.name == "machine.number") snapshot.machine = cli::NumberOf(value.raw);
-    snapshot.values.push_back(value);
-  }
-  return snapshot;
-}
 
 void WrittenIsReadBack(const Snapshot& snapshot) {
   const ParsedSnapshot parsed = cli::ParseSnapshot(cli::SnapshotText(snapshot), TheCatalogue());

@@ -94,6 +94,10 @@ void Agree(const Task& task, const Question& question) {
   throw Failure(question.always ? ExitCode::kWrongBoard : ExitCode::kUsage, "nothing is written");
 }
 
+std::string Counted(std::size_t writes) {
+  return writes == 1 ? "1 value is" : std::to_string(writes) + " values are";
+}
+
 // Brings the board from what it holds to what is wanted.
 ExitCode Write(const Task& task, ConnectedBoard& board, const Snapshot& held,
                const std::vector<Wanted>& wanted, Question question) {
@@ -109,7 +113,7 @@ ExitCode Write(const Task& task, ConnectedBoard& board, const Snapshot& held,
   if (!task.request.json) Deliver(task, PlanLines(plan, style));
   WriteReport report;
   if (!nothing && !task.request.dry_run) {
-    question.words += std::to_string(plan.writes.size()) + " values are written. Go on?";
+    question.words += Counted(plan.writes.size()) + " written. Go on?";
     Agree(task, question);
     KeepCopy(task, held, plan);
     report = SendWrites(board.Line(), plan, style, task.around.interrupted, task.console);

@@ -14,7 +14,8 @@ extern "C" void WantEnd(int) { end_wanted = 1; }
 bool Watch() {
   struct sigaction action {};
   action.sa_handler = WantEnd;
-  return sigaction(SIGINT, &action, nullptr) == 0 && sigaction(SIGTERM, &action, nullptr) == 0;
+  return sigaction(SIGINT, &action, nullptr) == 0 && sigaction(SIGTERM, &action, nullptr) == 0 &&
+         sigaction(SIGHUP, &action, nullptr) == 0;
 }
 
 }  // namespace

@@ -98,10 +98,11 @@ TEST_F(Setting, WithoutAPersonAndWithoutYesNothingIsWritten) {
 TEST_F(Setting, APersonIsAskedAndMayRefuse) {
   Answer("n\n");
   EXPECT_EQ(Type({"set", "price.3=1.50"}), 2);
-  EXPECT_THAT(err, HasSubstr("1 values are written. Go on? [y/N] "));
+  EXPECT_THAT(err, HasSubstr("1 value is written. Go on? [y/N] "));
   EXPECT_EQ(board.Writes(), 0);
   Answer("y\n");
-  EXPECT_EQ(Type({"set", "price.3=1.50"}), 0);
+  EXPECT_EQ(Type({"set", "price.3=1.50", "price.4=2"}), 0);
+  EXPECT_THAT(err, HasSubstr("2 values are written. Go on? [y/N] "));
   EXPECT_EQ(Board("price.3"), 150U);
 }
 
