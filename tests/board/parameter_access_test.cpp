@@ -123,6 +123,12 @@ TEST_F(AccessTest, AValueThatFitsNoFourBytesIsAnOverflowAndLeavesTheRecord) {
   }
 }
 
+TEST_F(AccessTest, AZeroIsTheLowestNumberThatIsWritten) {
+  Write(kTwoBytes, 300);
+  Write(kTwoBytes, 0);
+  EXPECT_EQ(Value(2), (std::vector<int>{0, 0}));
+}
+
 TEST_F(AccessTest, WriteRefusesBadIndexes) {
   EXPECT_THROW(access.WriteParameter(0, 1), InternalFault);
   ExpectError(ErrorCode::kSubscriptOutOfRange, [&] { access.WriteParameter(33001, 1); });

@@ -27,6 +27,7 @@ TEST_F(Allarmi, TextsOfThePageAreFixed) {
   EXPECT_EQ(List().headerItem()->text(1), "data");
   EXPECT_EQ(List().headerItem()->text(2), "ora");
   EXPECT_EQ(List().headerItem()->text(3), "descrizione");
+  EXPECT_FALSE(Bar().isTextVisible());
 }
 
 TEST_F(Allarmi, AnotherLanguageLeavesItsTexts) {

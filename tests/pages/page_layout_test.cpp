@@ -1,9 +1,7 @@
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QCoreApplication>
 #include <QEvent>
-#include <QFont>
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QLabel>
@@ -18,6 +16,7 @@
 #include <iterator>
 #include <stdexcept>
 
+#include "pages/letters.h"
 #include "shell/controls/bar.h"
 #include "shell/controls/entry_box.h"
 #include "shell/controls/painted_control.h"
@@ -31,16 +30,6 @@
 // letters.
 namespace sorvane::test {
 namespace {
-
-// The size of the program's letters in points, where the run asks for one.
-struct Letters {
-  Letters() {
-    QFont font = QApplication::font();
-    const int points = qEnvironmentVariableIntValue("SORVANE_LETTERS");
-    if (points > 0) font.setPointSize(points);
-    QApplication::setFont(font);
-  }
-};
 
 // The whole program in one of the shipped languages, over a board whose values are the widest that
 // their fields show.

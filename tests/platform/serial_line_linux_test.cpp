@@ -1,6 +1,8 @@
 #include <dlfcn.h>
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <termios.h>
+#include <unistd.h>
 
 #include <optional>
 
@@ -54,6 +56,20 @@ extern "C" int tcsetattr(int device, int when, const termios* line) noexcept {
 
 namespace sorvane::test {
 namespace {
+
+// A device that has hung up reads as an end. Here the character that ends an input stands for it.
+TEST_F(SerialPortTest, AnEndOfTheInputIsALoss) {
+  port_->Open();
+  const int device = open((line_.Folder() / "COM1").c_str(), O_RDWR | O_NOCTTY);
+  termios words{};
+  tcgetattr(device, &words);
+  words.c_lflag |= ICANON;
+  words.c_cc[VEOF] = 4;
+  tcsetattr(device, TCSANOW, &words);
+  close(device);
+  line_.Send({4});
+  EXPECT_TRUE(RunUntil([&] { return !line_.IsOpen(); }));
+}
 
 class SerialLineTest : public SerialPortTest {
  protected:

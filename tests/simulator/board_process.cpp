@@ -9,6 +9,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <cstdlib>
 #include <fstream>
 #include <stdexcept>
 
@@ -20,6 +21,12 @@ constexpr int kPatience = 10000;  // milliseconds
 bool WaitFor(int descriptor, short events) {
   pollfd watched{descriptor, events, 0};
   return poll(&watched, 1, kPatience) == 1;
+}
+
+// The board of this build, or another that the environment names.
+std::string BoardProgram() {
+  const char* other = std::getenv("SORVANE_BOARD_PROGRAM");
+  return other != nullptr ? other : SORVANE_BOARD_PROGRAM;
 }
 
 }  // namespace
@@ -48,14 +55,13 @@ BoardProcess::BoardProcess(const std::vector<std::string>& arguments) {
   posix_spawn_file_actions_adddup2(&actions, board_output.Number(), STDOUT_FILENO);
   posix_spawn_file_actions_adddup2(&actions, board_output.Number(), STDERR_FILENO);
 
-  std::vector<std::string> words = {SORVANE_BOARD_PROGRAM};
+  std::vector<std::string> words = {BoardProgram()};
   words.insert(words.end(), arguments.begin(), arguments.end());
   std::vector<char*> argv;
   argv.reserve(words.size() + 1);
   for (std::string& word : words) argv.push_back(word.data());
   argv.push_back(nullptr);
-  const int error =
-      posix_spawn(&pid_, SORVANE_BOARD_PROGRAM, &actions, nullptr, argv.data(), environ);
+  const int error = posix_spawn(&pid_, argv[0], &actions, nullptr, argv.data(), environ);
   posix_spawn_file_actions_destroy(&actions);
   if (error != 0) throw std::runtime_error("the board can't be started");
 }
@@ -84,8 +90,9 @@ std::string BoardProcess::NextLine() {
   return line;
 }
 
-void BoardProcess::Type(const std::string& line) {
-  const std::string typed = line + '\n';
+void BoardProcess::Type(const std::string& line) { TypeUnfinished(line + '\n'); }
+
+void BoardProcess::TypeUnfinished(const std::string& typed) {
   if (write(input_->Number(), typed.data(), typed.size()) != static_cast<ssize_t>(typed.size())) {
     throw std::runtime_error("the board takes no input");
   }

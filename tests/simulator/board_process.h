@@ -42,6 +42,9 @@ class BoardProcess {
   // Puts a line on its standard input.
   void Type(const std::string& line);
 
+  // The same without the end of the line.
+  void TypeUnfinished(const std::string& typed);
+
   // Its standard input comes to an end.
   void CloseInput() { input_.reset(); }
 

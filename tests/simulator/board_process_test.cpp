@@ -4,9 +4,12 @@
 #include <gtest/gtest.h>
 #include <poll.h>
 #include <signal.h>
+#include <sys/resource.h>
+#include <unistd.h>
 
 #include <chrono>
 #include <fstream>
+#include <system_error>
 
 #include "simulator/real_board.h"
 
@@ -18,6 +21,7 @@ using std::chrono::milliseconds;
 using std::chrono::steady_clock;
 using testing::ElementsAre;
 using testing::HasSubstr;
+using testing::MatchesRegex;
 using testing::StartsWith;
 
 // A running board, with the PC's port open.
@@ -185,6 +189,13 @@ TEST_F(RunningBoard, TheEndOfItsInputIsNotItsEnd) {
   EXPECT_EQ(board_->NextLine(), "read 25 = 150");
 }
 
+TEST_F(RunningBoard, TheEndOfItsInputEndsAnUnfinishedLine) {
+  Start();
+  board_->TypeUnfinished("get 25");
+  board_->CloseInput();
+  EXPECT_EQ(board_->NextLine(), "25 = 150");
+}
+
 TEST_F(RunningBoard, AReaderOfItsOutputMayGoAway) {
   Start();
   board_->CloseOutput();
@@ -283,6 +294,28 @@ TEST_F(RealBoard, HelpIsShown) {
   BoardProcess board({"--help"});
   EXPECT_THAT(board.NextLine(), HasSubstr("simulated"));
   EXPECT_EQ(board.Exit(), 0);
+}
+
+// What it says where no more than so many files can be opened.
+std::string WordsOfATerminalWith(rlim_t files) {
+  rlimit before{};
+  getrlimit(RLIMIT_NOFILE, &before);
+  const rlimit scarce{static_cast<rlim_t>(Descriptor(dup(0)).Number()) + files, before.rlim_max};
+  setrlimit(RLIMIT_NOFILE, &scarce);
+  std::string words;
+  try {
+    const Terminal terminal;
+  } catch (const std::system_error& error) {
+    words = error.what();
+  }
+  setrlimit(RLIMIT_NOFILE, &before);
+  return words;
+}
+
+TEST(Terminal, SaysThatThereIsNoneOrWhichEndCannotBeOpened) {
+  EXPECT_EQ(WordsOfATerminalWith(0), "no pseudo-terminal: Too many open files");
+  EXPECT_THAT(WordsOfATerminalWith(1), MatchesRegex("/dev/pts/[0-9]+: Too many open files"));
+  EXPECT_EQ(WordsOfATerminalWith(2), "");
 }
 
 TEST(Terminal, TheLineStaysUpWhileThePcHasItClosed) {

@@ -58,6 +58,15 @@ TEST_F(ConsoleTest, OnlyFittedSelectionsVend) {
   EXPECT_EQ(Obey("vend 11"), "error: a selection of this machine is a whole number from 1 to 10");
 }
 
+TEST_F(ConsoleTest, TheEndsOfEachRangeAreTaken) {
+  for (const char* const line :
+       {"alarm 0", "alarm 255", "vend 1", "vend 10", "coin 1", "coin 16", "banknote 1",
+        "banknote 16", "type 0", "type 65535", "number 0", "number 255", "software 0",
+        "software 255", "revision 0", "revision 255", "baud 300", "baud 1000000"}) {
+    EXPECT_THAT(Obey(line), StartsWith(line));
+  }
+}
+
 TEST_F(ConsoleTest, TheIdentityCanBeChanged) {
   EXPECT_EQ(Obey("revision 7"), "revision 7, parameters of W0309AA07.inx");
   EXPECT_EQ(Obey("revision 3"), "revision 3, parameters of W0309AA00.inx");

@@ -21,6 +21,7 @@ TEST(Words, AValueOfUpTo4BytesIsANumber) {
 TEST(Words, ALongerValueIsATextInQuotes) {
   EXPECT_EQ(ShowValue({'A', 'b', ' ', '"', '\\', 0, 31, 127, 128, 159}),
             "\"Ab \\\"\\\\\\x00\\x1f\\x7f\\x80\\x9f\"");
+  EXPECT_EQ(ShowValue({' ', '!', '}', '~', ' '}), "\" !}~ \"");
   EXPECT_EQ(ShowValue({0xe7, 0xf1, 0xa0, 0xff, 'e'}),
             "\"\xc3\xa7\xc3\xb1\xc2\xa0\xc3\xbf"
             "e\"");

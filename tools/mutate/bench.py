@@ -1,25 +1,28 @@
-"""Building and running the tests of board and link, with one source mutated at a time."""
+"""Building a tree with CMake, and running its tests with one source mutated at a time."""
 
+import contextlib
 import dataclasses
+import json
 import os
 import pathlib
 import re
+import shlex
 import shutil
 import signal
 import subprocess
 
 # The library's checks stand for those of the sanitizers, with which all tests run too.
-COMPILE = ["g++", "-std=c++20", "-O0", "-w", "-D_GLIBCXX_ASSERTIONS", "-c"]
-# The tests run on virtual time. What takes longer, grows larger or writes more has run wild.
-CPU_SECONDS = 20
+CONFIGURE = ("-G", "Ninja", "-DCMAKE_BUILD_TYPE=Debug", "-DCMAKE_CXX_COMPILER=g++",
+             "-DCMAKE_CXX_FLAGS_DEBUG=-O0 -D_GLIBCXX_ASSERTIONS")
+# What takes longer, grows larger or writes more has run wild.
+CPU_SECONDS = 100
 MEMORY = 2 << 30
 LARGEST_FILE = 64 << 20
-# For a test that waits for something outside; none should.
-WALL_SECONDS = 300
+# For a test that waits for what never comes.
+WALL_SECONDS = 200
 
-SOURCES = ("src/board", "src/link")
-TESTS = ("tests/board", "tests/link", "tests/support")
-
+# The target that an object belongs to.
+OWNER = re.compile(r"CMakeFiles/(.+?)\.dir/")
 FAILED = re.compile(r"^\[  FAILED  \] ([\w./]+)", re.MULTILINE)
 BEGUN = re.compile(r"^\[ RUN      \] ([\w./]+)", re.MULTILINE)
 
@@ -35,101 +38,169 @@ class Outcome:
 
 def _run(command, **options):
     return subprocess.run(command, stdin=subprocess.DEVNULL, stderr=subprocess.STDOUT, check=False,
-                          **options)
+                          text=True, **options)
+
+
+def _output(*command, cwd=None):
+    """What a command that must succeed prints."""
+    done = _run(command, cwd=cwd, stdout=subprocess.PIPE)
+    if done.returncode != 0:
+        raise RuntimeError(f"{shlex.join(map(str, command))}\n{done.stdout}")
+    return done.stdout
 
 
 class Bench:
-    """The sources of a tree and their tests, built once in a folder of their own."""
+    """A copy of a tree, its tests built once, and private copies of the tests for each mutant."""
 
-    def __init__(self, tree, folder, cpu_seconds=CPU_SECONDS):
-        self._tree = pathlib.Path(tree)
+    def __init__(self, tree, folder, floors, started, cpu_seconds=CPU_SECONDS,
+                 wall_seconds=WALL_SECONDS):
+        """floors: those that are mutated. started: programs that tests start, by their variable.
+
+        What was built in the folder before serves again.
+        """
         self._folder = pathlib.Path(folder)
+        self._tree = self._folder / "tree"
+        self._objects = self._folder / "objects"
+        self._trials = self._folder / "trials"
+        self._floors = floors
+        self._started = started
         self._cpu_seconds = cpu_seconds
-        self._compiler = [shutil.which("ccache")] if shutil.which("ccache") else []
-        for part in (*SOURCES, *TESTS):
-            shutil.copytree(self._tree / part, self._folder / part)
-        self.sources = self._files(SOURCES)
+        self._wall_seconds = wall_seconds
+        for old in (self._tree, self._trials):
+            shutil.rmtree(old, ignore_errors=True)
+        self._trials.mkdir(parents=True)
+        shutil.copytree(tree, self._tree, symlinks=True, ignore=lambda place, names: [
+            name for name in names if pathlib.Path(place) == tree and name in ("build", ".git")])
 
-    def _files(self, parts):
-        """The sources of this system; what the helpers of tests have in tests is left out."""
-        return [str(file.relative_to(self._folder)) for part in parts
-                for file in sorted((self._folder / part).glob("*.cpp"))
-                if not file.name.endswith("_windows.cpp") and
-                not (part == "tests/support" and file.name.endswith("_test.cpp"))]
+    def configure(self):
+        """Finds out how sources are compiled and programs linked."""
+        _output("cmake", "-S", self._tree, "-B", self._objects, *CONFIGURE)
+        rows = json.loads((self._objects / "compile_commands.json").read_text())
+        self._compilations = {os.path.relpath(row["file"], self._tree): shlex.split(row["command"])
+                              for row in rows}
+        tests = dict.fromkeys(name for floor in self._floors for name in floor.tests)
+        self._links = {name: self._link_command(name)
+                       for name in (*tests, *self._started.values())}
+
+    def _link_command(self, program):
+        commands = _output("ninja", "-t", "commands", program, cwd=self._objects)
+        words = shlex.split(commands.splitlines()[-1])
+        start = words.index("&&") + 1
+        return words[start:words.index("&&", start)]
+
+    def sources(self, floor):
+        """The sources of a floor that are built on this system."""
+        return sorted(source for source in self._compilations if self._floor_of(source) == floor)
+
+    def _floor_of(self, source):
+        return next((floor for floor in self._floors if source.startswith(f"{floor.folder}/")), None)
 
     def text(self, source):
-        return (self._folder / source).read_text(encoding="utf-8")
-
-    def _compile(self, source, output, compiler=()):
-        """Whether a source compiled, by its path within the folder or elsewhere."""
-        return _run([*compiler, *COMPILE, "-Isrc", "-Itests", source, "-o", output],
-                    cwd=self._folder, stdout=subprocess.DEVNULL).returncode == 0
-
-    @staticmethod
-    def _object(source):
-        return source.replace("/", "_") + ".o"
-
-    def _link(self, objects, program):
-        done = _run(["g++", "-o", program, *objects, "-lgmock", "-lgtest", "-pthread"],
-                    cwd=self._folder, stdout=subprocess.PIPE, text=True)
-        if done.returncode != 0:
-            raise RuntimeError(f"the tests don't link: {done.stdout}")
+        return (self._tree / source).read_text(encoding="utf-8")
 
     def build(self, run_each):
-        """Compiles all as it stands; run_each maps a function over sources, several at a time."""
-        # Tests run in the order of their objects: those of board, which lies below, come first.
-        self._order = [*self._files(TESTS), *self.sources]
-        compiled = run_each(
-            lambda source: self._compile(source, self._object(source), self._compiler), self._order)
-        wrong = [source for source, fine in zip(self._order, compiled) if not fine]
-        if wrong:
-            raise RuntimeError(f"doesn't compile: {', '.join(wrong)}")
-        outcome = self._try_objects([self._object(source) for source in self._order], "unmutated")
-        if outcome.kind != "passed":
-            raise RuntimeError(f"{outcome.kind} without a mutant: {outcome.test}")
+        """Builds all as it stands; run_each maps a function over tests, several at a time."""
+        _output("ninja", *self._links, cwd=self._objects)
+        # CTest tells the commands of programs that are there.
+        shown = json.loads(_output("ctest", "--show-only=json-v1", cwd=self._objects))
+        self._tests = {test["name"]: test for test in shown["tests"] if test["name"] in self._links}
+        for name, outcome in zip(self._tests, run_each(self._try_unmutated, self._tests)):
+            if outcome.kind != "passed":
+                raise RuntimeError(f"{name} {outcome.kind} without a mutant: {outcome.test}")
 
-    def _try_objects(self, objects, name):
-        place = self._folder / name
-        (place / "tmp").mkdir(parents=True)
+    def _try_unmutated(self, name):
+        place = self._trials / name
+        place.mkdir()
         try:
-            self._link(objects, str(place / "tests"))
-            return self._run_tests(place)
+            return self._run_test(name, place, {})
         finally:
             shutil.rmtree(place)
 
-    def _run_tests(self, place):
-        limits = [f"--cpu={self._cpu_seconds}", f"--as={MEMORY}", f"--fsize={LARGEST_FILE}",
-                  "--core=0"]
-        command = ["prlimit", *limits, place / "tests", "--gtest_fail_fast", "--gtest_color=no"]
-        environment = {**os.environ, "TMPDIR": str(place / "tmp"), "LC_ALL": "C.UTF-8"}
+    def try_mutant(self, mutant, number):
+        """Runs the tests of a mutant's floor with its source mutated, until one fails."""
+        place = self._trials / str(number)
+        place.mkdir()
+        try:
+            if not self._compile(mutant, place):
+                return Outcome("not compiled")
+            variables = {variable: str(place / program)
+                         for variable, program in self._started.items()
+                         if self._link(program, mutant.source, place)}
+            for name in self._floor_of(mutant.source).tests:
+                self._link(name, mutant.source, place)
+                outcome = self._run_test(name, place, variables)
+                if outcome.kind != "passed":
+                    return outcome
+            return outcome
+        finally:
+            shutil.rmtree(place)
+
+    def _compile(self, mutant, place):
+        (place / "mutant.cpp").write_text(mutant.text, encoding="utf-8")
+        command = [*self._compilations[mutant.source], "-w"]
+        command[command.index("-c") + 1] = str(place / "mutant.cpp")
+        command[command.index("-o") + 1] = str(place / "mutant.o")
+        return _run(command, cwd=self._objects, stdout=subprocess.DEVNULL).returncode == 0
+
+    def _link(self, program, source, place):
+        """Links a private copy of a program, unless the source isn't in it. Whether there is one.
+
+        The mutated object comes before the library that it is from, so that the one there is never
+        looked for.
+        """
+        command = list(self._links[program])
+        compilation = self._compilations[source]
+        own = compilation[compilation.index("-o") + 1]
+        library = f"lib{OWNER.search(own).group(1)}.a"
+        if own in command:
+            command[command.index(own)] = str(place / "mutant.o")
+        elif any(os.path.basename(word) == library for word in command):
+            command.insert(1, str(place / "mutant.o"))
+        else:
+            return False
+        command[command.index("-o") + 1] = str(place / program)
+        _output(*command, cwd=self._objects)
+        return True
+
+    def _run_test(self, name, place, variables):
+        """Runs a test, by the private copy of its program if there is one."""
+        tmp = place / "tmp"
+        tmp.mkdir()
+        test = self._tests[name]
+        properties = {row["name"]: row["value"] for row in test.get("properties", [])}
+        given = dict(text.split("=", 1) for text in properties.get("ENVIRONMENT", []))
+        command = list(test["command"])
+        if (place / name).exists():
+            command[-1] = str(place / name)
         with open(place / "output", "wb") as output:
+            run = subprocess.Popen(
+                ["prlimit", f"--cpu={self._cpu_seconds}", f"--as={MEMORY}",
+                 f"--fsize={LARGEST_FILE}", "--core=0", *command, "--gtest_fail_fast",
+                 "--gtest_color=no"],
+                cwd=tmp, stdin=subprocess.DEVNULL, stdout=output, stderr=subprocess.STDOUT,
+                env={**os.environ, **given, **variables, "TMPDIR": str(tmp)},
+                start_new_session=True)
             try:
-                code = _run(command, cwd=place, stdout=output, env=environment,
-                            timeout=WALL_SECONDS).returncode
+                code = run.wait(self._wall_seconds)
             except subprocess.TimeoutExpired:
                 code = -int(signal.SIGXCPU)
-        text = (place / "output").read_text(encoding="utf-8", errors="replace")
-        if code == 0:
-            return Outcome("passed")
-        failed = FAILED.search(text)
-        begun = BEGUN.findall(text)
-        test = failed.group(1) if failed else begun[-1] if begun else "before the first test"
-        # The kernel ends by either signal what runs into its processor limit.
-        if code in (-int(signal.SIGXCPU), -int(signal.SIGKILL)):
-            return Outcome("time limit", test)
-        return Outcome("failed" if failed else "crashed", test)
+            finally:
+                # What the test has started goes too.
+                with contextlib.suppress(ProcessLookupError):
+                    os.killpg(run.pid, signal.SIGKILL)
+                run.wait()
+        shutil.rmtree(tmp)
+        return _outcome(code, (place / "output").read_text(encoding="utf-8", errors="replace"))
 
-    def try_mutant(self, mutant, number):
-        """Builds the tests with one source mutated, and runs them until one fails."""
-        name = f"mutant{number}"
-        source = self._folder / f"{name}.cpp"
-        output = f"{name}.o"
-        source.write_text(mutant.text, encoding="utf-8")
-        try:
-            if not self._compile(str(source), output):
-                return Outcome("not compiled")
-            return self._try_objects([output if other == mutant.source else self._object(other)
-                                      for other in self._order], name)
-        finally:
-            source.unlink()
-            (self._folder / output).unlink(missing_ok=True)
+
+def _outcome(code, text):
+    """What the exit code of a test and its words tell."""
+    if code == 0:
+        return Outcome("passed")
+    failed = FAILED.search(text)
+    begun = BEGUN.findall(text)
+    test = failed.group(1) if failed else begun[-1] if begun else "before the first test"
+    # The kernel ends by either signal what runs into its processor limit.
+    if code in (-int(signal.SIGXCPU), -int(signal.SIGKILL)):
+        return Outcome("time limit", test)
+    return Outcome("failed" if failed else "crashed", test)

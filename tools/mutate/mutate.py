@@ -1,8 +1,7 @@
 #!/usr/bin/python3
-"""Mutates the sources of board and link, and counts the mutants that their tests catch.
+"""Mutates the sources of the program, and counts the mutants that their tests catch.
 
-Fails if a mutant survives without a reason, or too many survive. With the count that it has by itself
-it writes docs/mutation.md; with another it takes a sample and writes nothing.
+Fails if a mutant survives without a reason, or too many survive. Writes build/mutation/report.md.
 """
 
 import argparse
@@ -12,67 +11,39 @@ import json
 import os
 import pathlib
 import sys
-import tempfile
 
-from bench import CPU_SECONDS, Bench, Outcome
+from bench import Bench, Outcome
+from floors import GROUPS, STARTED
 from mutants import choose, mutants_of
 from report import Result, change, place, read_reasons
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
 REASONS = pathlib.Path(__file__).resolve().parent / "equivalent.json"
-PAGE = ROOT / "docs" / "mutation.md"
-LAST_RUN = ROOT / "build" / "mutation.json"
-COUNT = 400
+FOLDER = ROOT / "build" / "mutation"
+LAST_RUN = FOLDER / "outcomes.json"
+COUNT = sum(group.count for group in GROUPS)
 SEED = 1
 
 
 def chosen_mutants(bench, count, seed):
-    return choose([mutant for source in bench.sources
-                   for mutant in mutants_of(source, bench.text(source))], count, seed)
+    """About count mutants, shared among the groups as in a whole run."""
+    chosen = []
+    for group in GROUPS:
+        mutants = [mutant for floor in group.floors for source in bench.sources(floor)
+                   for mutant in mutants_of(source, bench.text(source))]
+        chosen += choose(mutants, count * group.count / COUNT, seed)
+    return chosen
 
 
-def try_mutants(tree, count, seed, report_one, known=lambda mutants: {}):
-    """Pairs of a mutant and its outcome, in the order of their places.
-
-    known gives the outcomes that need no new trial, by the mutant's place in the list it is handed.
-    """
-    with (tempfile.TemporaryDirectory() as folder,
-          concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool):
-        bench = Bench(tree, folder)
-        mutants = chosen_mutants(bench, count, seed)
-        old = known(mutants)
-        bench.build(pool.map)
-        tried = []
-        outcomes = pool.map(
-            lambda number: old.get(number) or bench.try_mutant(mutants[number], number),
-            range(len(mutants)))
-        for number, (mutant, outcome) in enumerate(zip(mutants, outcomes)):
-            tried.append((mutant, outcome))
-            if number not in old:
-                report_one(mutant, outcome)
-        return tried
+def identity(mutant):
+    """Tells a mutant of this very source from any other."""
+    return hashlib.sha256(f"{mutant.source} {mutant.text}".encode()).hexdigest()
 
 
-def identity(mutants):
-    """Tells a list of mutants of these very sources from any other."""
-    changes = "\0".join(f"{mutant.source} {mutant.text}" for mutant in mutants)
-    return hashlib.sha256(changes.encode()).hexdigest()
-
-
-def read_caught(mutants):
-    """The outcomes of the last run but those of survivors, if it was a run of the same mutants."""
-    last = json.loads(LAST_RUN.read_text(encoding="utf-8"))
-    if last["identity"] != identity(mutants):
-        sys.exit("The sources have changed since the last run.")
-    outcomes = [Outcome(*row) for row in last["outcomes"]]
-    return {number: outcome for number, outcome in enumerate(outcomes) if outcome.kind != "passed"}
-
-
-def write_run(tried):
-    LAST_RUN.parent.mkdir(exist_ok=True)
-    LAST_RUN.write_text(json.dumps({
-        "identity": identity([mutant for mutant, _ in tried]),
-        "outcomes": [[outcome.kind, outcome.test] for _, outcome in tried]}), encoding="utf-8")
+def read_caught():
+    """The outcomes of the last run but those of survivors, by the identity of the mutant."""
+    outcomes = json.loads(LAST_RUN.read_text(encoding="utf-8"))
+    return {key: Outcome(*row) for key, row in outcomes.items() if row[0] != "passed"}
 
 
 def main():
@@ -80,20 +51,30 @@ def main():
     parser.add_argument("--count", type=int, default=COUNT, help="about how many (%(default)s)")
     parser.add_argument("--seed", type=int, default=SEED, help="of the choice (%(default)s)")
     parser.add_argument("--survivors", action="store_true",
-                        help="try those again that survived the last whole run")
+                        help="leave out those that were caught the last time")
     arguments = parser.parse_args()
     os.nice(5)
 
-    def report_one(mutant, outcome):
-        print(f"{outcome.kind:12} {place(mutant)}: {change(mutant)}  {outcome.test}", flush=True)
+    bench = Bench(ROOT, FOLDER, [floor for group in GROUPS for floor in group.floors], STARTED)
+    bench.configure()
+    mutants = chosen_mutants(bench, arguments.count, arguments.seed)
+    known = read_caught() if arguments.survivors else {}
+    tried = []
 
-    whole = (arguments.count, arguments.seed) == (COUNT, SEED)
-    known = {"known": read_caught} if arguments.survivors else {}
-    tried = try_mutants(ROOT, arguments.count, arguments.seed, report_one, **known)
+    def outcome_of(number):
+        return known.get(identity(mutants[number])) or bench.try_mutant(mutants[number], number)
+
+    with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
+        bench.build(pool.map)
+        outcomes = {}
+        for mutant, outcome in zip(mutants, pool.map(outcome_of, range(len(mutants)))):
+            tried.append((mutant, outcome))
+            outcomes[identity(mutant)] = (outcome.kind, outcome.test)
+            LAST_RUN.write_text(json.dumps(outcomes), encoding="utf-8")
+            print(f"{outcome.kind:12} {place(mutant)}: {change(mutant)}  {outcome.test}", flush=True)
+
     result = Result(tried, read_reasons(REASONS))
-    if whole:
-        write_run(tried)
-        PAGE.write_text(result.page(SEED, CPU_SECONDS), encoding="utf-8")
+    (FOLDER / "report.md").write_text(result.page(arguments.seed), encoding="utf-8")
     print(result.summary())
     faults = result.faults()
     print("\n".join(faults))

@@ -1,28 +1,11 @@
 """What came of the mutants: the judgement and the page."""
 
 import json
+import pathlib
 
-MOST_SURVIVORS = 10
 LEAST_CAUGHT = 0.95
 # A share of fewer mutants says little.
 ENOUGH = 300
-
-HEAD = """# Mutants
-
-Are the tests of `src/board` and `src/link` sharp? `scripts/mutate` changes one operator, constant,
-condition or statement of these sources at a time, builds `tests/board` and `tests/link` with it, and runs
-them until one fails. A mutant that no test notices shows a behaviour that nobody tests, or one that can't
-be noticed from outside.
-
-`scripts/mutate` wrote this page, in a few minutes on two idle cores. With `--survivors` it tries those again
-that survived the last time, after a test was added; with `--count 20` it takes a sample, in a minute or two.
-
-- A mutant that doesn't compile isn't counted.
-- A test program that crashes, or that takes more than {cpu} seconds of processor time, has caught its
-  mutant; the table names the test it was in.
-- A survivor needs a reason in `tools/mutate/equivalent.json`, or else the missing test.
-
-"""
 
 
 def read_reasons(file):
@@ -53,8 +36,6 @@ class Result:
                   for mutant, _ in self.caught if reason_of(self._reasons, mutant)]
         if not self.counted:
             found.append("no mutant was tried")
-        if len(self.survivors) > MOST_SURVIVORS:
-            found.append(f"more than {MOST_SURVIVORS} survivors")
         if len(self.counted) >= ENOUGH and len(self.caught) < LEAST_CAUGHT * len(self.counted):
             found.append(f"fewer than {LEAST_CAUGHT:.0%} caught")
         return found
@@ -67,25 +48,31 @@ class Result:
                 f"{kinds.count('time limit')} by the time limit. {len(self.survivors)} survived. "
                 f"{self.left_out} more didn't compile.")
 
-    def page(self, seed, cpu_seconds):
-        lines = [HEAD.format(cpu=cpu_seconds) + self.summary() + f" Seed {seed}.", ""]
-        lines += ["| source | mutants | caught |", "|---|---|---|"]
-        for source in sorted({mutant.source for mutant, _ in self.counted}):
-            of_source = [outcome for mutant, outcome in self.counted if mutant.source == source]
-            caught = sum(outcome.caught() for outcome in of_source)
-            lines.append(f"| `{source}` | {len(of_source)} | {caught} |")
+    def page(self, seed):
+        """The report, which docs/mutation.md tells how to read."""
+        lines = ["# Mutants", "", f"{self.summary()} Seed {seed}.", ""]
+        lines += self._shares("floor", lambda mutant: pathlib.PurePath(mutant.source).parent)
         lines += ["", "## Survivors", "", "| place | change | reason |", "|---|---|---|"]
-        lines += [f"| {place(mutant)} | {_cell(change(mutant))} | {reason_of(self._reasons, mutant)} |"
-                  for mutant in self.survivors]
-        lines += ["", "## Caught", "", "Places are `file:line:column` below `src`.", "",
-                  "| place | change | caught by |", "|---|---|---|"]
+        lines += [f"| {place(mutant)} | {_cell(change(mutant))} | "
+                  f"{reason_of(self._reasons, mutant) or 'none'} |" for mutant in self.survivors]
+        lines += ["", "## Sources", ""]
+        lines += self._shares("source", lambda mutant: mutant.source)
+        lines += ["", "## Caught", "", "| place | change | caught by |", "|---|---|---|"]
         lines += [f"| {place(mutant)} | {_cell(change(mutant))} | {_by(outcome)} |"
                   for mutant, outcome in self.caught]
         return "\n".join(lines) + "\n"
 
+    def _shares(self, title, kind_of):
+        """A table of how many were caught of each kind of mutants."""
+        kinds = {}
+        for mutant, outcome in self.counted:
+            kinds.setdefault(str(kind_of(mutant)), []).append(outcome.caught())
+        return [f"| {title} | mutants | caught |", "|---|---|---|"] + [
+            f"| `{kind}` | {len(caught)} | {sum(caught)} |" for kind, caught in sorted(kinds.items())]
+
 
 def place(mutant):
-    return f"{mutant.source.removeprefix('src/')}:{mutant.line}:{mutant.column}"
+    return f"{mutant.source}:{mutant.line}:{mutant.column}"
 
 
 def change(mutant):

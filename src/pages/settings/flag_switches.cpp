@@ -48,6 +48,7 @@ void FlagSwitches::LayOut(QGridLayout& grid, const Span& span, QLabel* no, QLabe
   heads->addStretch();
   heads->addWidget(yes);
   grid.addLayout(heads, 0, 1);
+  grid.setColumnStretch(2, 1);  // an empty one, so that the heads stay over their switches
   for (int i = 0; i < span.count; ++i) {
     const Added& one = switches_.at(span.first + i);
     grid.addWidget(one.label, i + 1, 0);

@@ -126,7 +126,6 @@ QWidget* FrmPagamento::AddModes(QWidget* tab) {
   auto* grid = new QGridLayout(frame);
   sale_.LayOut(*grid, {.first = 0, .count = static_cast<int>(std::size(kSaleRows))},
                AddHead(4, "No", frame), AddHead(5, "Si", frame));
-  grid->setColumnStretch(2, 1);
   return frame;
 }
 

@@ -58,7 +58,6 @@ void FrmPagamento::AddChangerSwitches(QGroupBox* frame, int first, int end, QLab
   for (int i = first; i < end; ++i) changer_.Add(*frame, kChangerRows[i]);
   auto* grid = new QGridLayout(frame);
   changer_.LayOut(*grid, {.first = first, .count = end - first}, no, yes);
-  grid->setColumnStretch(2, 1);
 }
 
 void FrmPagamento::LoadMdbCaptions() {

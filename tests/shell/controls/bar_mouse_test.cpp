@@ -98,6 +98,13 @@ TEST_F(BarMouseTest, HeldEndButtonRepeatsUntilItsRelease) {
   EXPECT_EQ(bar->Position(), 53);
 }
 
+TEST_F(BarMouseTest, HeldEndButtonRepeatsThroughClicksOfOtherButtons) {
+  Press(EndButton());
+  QTest::mouseClick(bar, Qt::RightButton, Qt::NoModifier, EndButton());
+  EXPECT_TRUE(TimerGoesOff());
+  EXPECT_EQ(changes, (std::vector<int>{51, 52}));
+}
+
 TEST_F(BarMouseTest, HeldButtonOrTroughWaitsBeforeItsFirstRepeatAndThenGoesFast) {
   for (const QPoint& at : {EndButton(), StartButton(), At(bar->width() / 10)}) {
     EXPECT_EQ(Interval(), 0);

@@ -9,6 +9,8 @@
 #include <QStyleOption>
 #include <QWidget>
 
+#include "shell/controls/shades.h"
+
 namespace sorvane {
 namespace {
 
@@ -102,12 +104,16 @@ struct TitleBar {
     return style.subControlRect(QStyle::CC_TitleBar, &option, part, &window);
   }
 
-  QImage Picture(const ProgramStyle& style, QStyle::SubControl part) const {
+  QImage Whole(const ProgramStyle& style) const {
     QImage picture(option.rect.size(), QImage::Format_RGB32);
     picture.fill(Qt::black);  // beyond the round corners
     QPainter painter(&picture);
     style.drawComplexControl(QStyle::CC_TitleBar, &option, &painter, &window);
-    return picture.copy(Place(style, part));
+    return picture;
+  }
+
+  QImage Picture(const ProgramStyle& style, QStyle::SubControl part) const {
+    return Whole(style).copy(Place(style, part));
   }
 };
 
@@ -133,6 +139,113 @@ TEST_F(ProgramStyleTest, SignsOfAWindowsButtonsGrowWithItsBar) {
       EXPECT_NEAR(InkWidth(bar.Picture(style, part)), 0.5, 0.12) << part << " " << points;
     }
   }
+}
+
+TEST_F(ProgramStyleTest, AWindowsButtonsBearTheirSigns) {
+  struct Sign {
+    QStyle::SubControl part;
+    const char* shades;
+    bool under_mouse = false;
+  };
+  const Sign kSigns[] = {
+      {QStyle::SC_TitleBarMinButton, R"(
+@@@@@@@@@@@@@@@@
+@@@@@@@@@@@@@@@@
+@@@@@@@@@@@@@@@@
+@@@@@@@@@@@@@@@@
+@@@@@@@@@@@@@@@@
+@@@@@@@@@@@@@@@@
+@@@@@@@@@@@@@@@@
+@@@@@@@@@@@@@@@@
+@@@@@@@@@@@@@@@@
+@@@@@@@@@@@@@@@@
+@@@O........O@@@
+@@@#========#@@@
+@@@@@@@@@@@@@@@@
+@@@@@@@@@@@@@@@@
+@@@@@@@@@@@@@@@@
+@@@@@@@@@@@@@@@@
+)"},
+      {QStyle::SC_TitleBarNormalButton, R"(
+@@@@@@@@@@@@@@@@
+@@@@@@@@@@@@@@@@
+@@@@@@@@@@@@@@@@
+@@@@+oooooo+@@@@
+@@@+........+@@@
+@@@o.+oooo+.o@@@
+@@@o.o@@@@o.o@@@
+@@@o.o@@@@o.o@@@
+@@@o.o@@@@o.o@@@
+@@@o.o@@@@o.o@@@
+@@@o.+oooo+.o@@@
+@@@+........+@@@
+@@@@+oooooo+@@@@
+@@@@@@@@@@@@@@@@
+@@@@@@@@@@@@@@@@
+@@@@@@@@@@@@@@@@
+)"},
+      {QStyle::SC_TitleBarCloseButton, R"(
+@@@@@@@@@@@@@@@@
+@@@@@@@@@@@@@@@@
+@@@@@@@@@@@@@@@@
+@@@@o@@@@@@o@@@@
+@@@o.=@@@@=.o@@@
+@@@@=.=@@=.=@@@@
+@@@@@=.==.=@@@@@
+@@@@@@=..=@@@@@@
+@@@@@@=..=@@@@@@
+@@@@@=.==.=@@@@@
+@@@@=.=@@=.=@@@@
+@@@o.=@@@@=.o@@@
+@@@@o@@@@@@o@@@@
+@@@@@@@@@@@@@@@@
+@@@@@@@@@@@@@@@@
+@@@@@@@@@@@@@@@@
+)"},
+      {QStyle::SC_TitleBarCloseButton, R"(
+@#OOOOOOOOOOOO#@
+#OOOOOOOOOOOOOO#
+OOOOOOOOOOOOOOOO
+OOOO*OOOOOO*OOOO
+OOO*.-OOOO-.*OOO
+OOOO-.-OO-.-OOOO
+OOOOO-.--.-OOOOO
+OOOOOO-..-OOOOOO
+OOOOOO-..-OOOOOO
+OOOOO-.--.-OOOOO
+OOOO-.-OO-.-OOOO
+OOO*.-OOOO-.*OOO
+OOOO*OOOOOO*OOOO
+OOOOOOOOOOOOOOOO
+#OOOOOOOOOOOOOO#
+@#OOOOOOOOOOOO#@
+)",
+       true},
+  };
+  for (const Sign& sign : kSigns) {
+    TitleBar bar(style, 9);
+    if (sign.under_mouse) bar.option.activeSubControls = sign.part;
+    bar.option.palette.setColor(QPalette::Highlight, Qt::black);
+    bar.option.palette.setColor(QPalette::HighlightedText, Qt::white);
+    if (sign.part == QStyle::SC_TitleBarNormalButton) {
+      bar.option.titleBarState |= static_cast<int>(Qt::WindowMinimized);
+    }
+    const QString shades = Shades(bar.Picture(style, sign.part));
+    EXPECT_TRUE(AreAlike(shades, sign.shades)) << shades.toStdString();
+  }
+}
+
+TEST_F(ProgramStyleTest, AWindowShowsNoSignOfAButtonThatItHasnt) {
+  TitleBar bar(style, 9);
+  const auto corner = [&] { return bar.Whole(style).copy(0, 0, 6, 6); };
+  const QImage with_all = corner();  // one of them has no place, as the window isn't minimized
+  bar.option.subControls &= ~QStyle::SC_TitleBarNormalButton;
+  EXPECT_EQ(corner(), with_all);
+
+  const double at_rest = InkWidth(bar.Picture(style, QStyle::SC_TitleBarCloseButton));
+  bar.option.subControls &= ~QStyle::SC_TitleBarCloseButton;
+  EXPECT_GT(at_rest, 0.3);
+  EXPECT_LE(InkWidth(bar.Picture(style, QStyle::SC_TitleBarCloseButton)), 0);
 }
 
 TEST_F(ProgramStyleTest, ButtonOfAWindowThatIsHeldLooksHeld) {

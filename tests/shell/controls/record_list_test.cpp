@@ -79,6 +79,25 @@ TEST_F(RecordListTest, ShowsRowsAsTheyAreGiven) {
   EXPECT_EQ(Cell(1, 2), "x\ty");
 }
 
+TEST_F(RecordListTest, RowsAreToldApartByTheirGround) {
+  list->SetRows(SomeRows(3));
+  const QImage picture = list->viewport()->grab().toImage();
+  const auto ground = [&](int row) {
+    const QRect place = list->visualItemRect(list->topLevelItem(row));
+    return picture.pixelColor(picture.width() - 3, place.center().y());
+  };
+  EXPECT_NE(ground(0), ground(1));
+  EXPECT_EQ(ground(0), ground(2));
+}
+
+TEST_F(RecordListTest, ColumnsHaveThreeCharactersOfRoomBesideTheirWidestText) {
+  list->SetRows(SomeRows(3, "a long name "));
+  const int gap = 3 * list->fontMetrics().averageCharWidth();
+  const int with_gap = list->columnWidth(1);
+  list->resizeColumnToContents(1);
+  EXPECT_EQ(with_gap, list->columnWidth(1) + gap);
+}
+
 TEST_F(RecordListTest, NewRowsTakeThePlaceOfAllOldOnes) {
   list->SetRows(SomeRows(12));
   list->SetRows(SomeRows(4, "b"));
@@ -97,6 +116,11 @@ TEST_F(RecordListTest, HeadersStayOverNewRows) {
   list->SetRows({});
   EXPECT_EQ(list->columnCount(), 3);
   EXPECT_EQ(list->headerItem()->text(1), "name");
+}
+
+TEST_F(RecordListTest, AsksForEightyCharacters) {
+  EXPECT_EQ(list->sizeHint().width(),
+            80 * list->fontMetrics().averageCharWidth() + 2 * list->frameWidth());
 }
 
 TEST_F(RecordListTest, AsksForTheRoomOfItsRows) {

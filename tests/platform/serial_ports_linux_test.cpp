@@ -1,0 +1,74 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <fstream>
+#include <optional>
+#include <string>
+
+#include "platform/pseudo_terminal.h"
+#include "platform/serial_ports.h"
+#include "support/index_files.h"
+
+namespace sorvane::test {
+namespace {
+
+using testing::HasSubstr;
+using testing::MatchesRegex;
+using testing::Not;
+
+// A process that has open what this one has open.
+class Heir {
+ public:
+  Heir() : number_(fork()) {
+    if (number_ != 0) return;
+    for (;;) pause();
+  }
+  ~Heir() {
+    kill(number_, SIGKILL);
+    waitpid(number_, nullptr, 0);
+  }
+  Heir(const Heir&) = delete;
+  Heir& operator=(const Heir&) = delete;
+
+  std::string Words() const { return "platform_test (process " + std::to_string(number_) + ')'; }
+
+ private:
+  const pid_t number_;
+};
+
+std::string Process(pid_t number) { return "(process " + std::to_string(number) + ')'; }
+
+// Terminals of other file systems for terminals have the same numbers: others of the machine may be
+// named beside those of the test.
+TEST(PortHolder, IsEveryOtherProcessThatHasTheDeviceOpen) {
+  const PseudoTerminal line;
+  std::optional<Heir> heir(std::in_place);
+  const std::string words = heir->Words();
+  {
+    const Heir second;
+    const std::string holders = PortHolder(line.Device());
+    EXPECT_THAT(holders, HasSubstr(words));
+    EXPECT_THAT(holders, HasSubstr(second.Words()));
+    EXPECT_THAT(holders, MatchesRegex("[^,]+\\(process [0-9]+\\)(, [^,]+\\(process [0-9]+\\))+"));
+    EXPECT_THAT(holders, Not(HasSubstr(Process(getpid()))));
+    EXPECT_THAT(holders, Not(HasSubstr(Process(getppid()))));
+  }
+  EXPECT_THAT(PortHolder(line.Device()), HasSubstr(words));
+  heir.reset();
+  EXPECT_THAT(PortHolder(line.Device()), Not(HasSubstr(words)));
+}
+
+TEST(PortHolder, HoldsNoFile) {
+  TempFolder folder;
+  folder.WriteFile("file", {});
+  const std::ifstream open(folder.Path() / "file");
+  const Heir heir;
+  EXPECT_EQ(PortHolder(folder.Path() / "file"), "");
+  EXPECT_EQ(PortHolder(folder.Path() / "missing"), "");
+}
+
+}  // namespace
+}  // namespace sorvane::test
