@@ -36,6 +36,11 @@ GROUPS = (
         Floor("src/board", ("sorvane_board_test", "sorvane_link_test", "sorvane_support_test")),
         Floor("src/link", ("sorvane_link_test", "sorvane_support_test")),
     )),
+    Group(150, (
+        Floor("src/catalogue", ("catalogue_test",)),
+        Floor("src/session", ("session_test", "cli_proof_test")),
+        Floor("src/cli", ("cli_test", "cli_audit_test")),
+    )),
 )
 
 # Programs that tests start, by the variable of the environment that names another one to them.
