@@ -146,7 +146,7 @@ TEST(AlarmRingTest, MonthAboveTwelveIsASubscriptOutOfRangeInARowThatIsListed) {
 }
 
 TEST(AlarmRingTest, RingsByTheThousand) {
-  std::mt19937 random(20260305);
+  std::minstd_rand random(20260305);
   int errors = 0;
   int whole = 0;
   for (int i = 0; i < 4000 && !testing::Test::HasFailure(); ++i) {

@@ -51,7 +51,7 @@ class AlarmRingOnThePage : public AllarmiPage {
 };
 
 TEST_F(AlarmRingOnThePage, RingsThatTheBoardAnswersOneAfterTheOther) {
-  std::mt19937 random(118);
+  std::minstd_rand random(118);
   OpenRead();
   for (int i = 0; i < 100 && !HasFailure(); ++i) {
     RingModel ring = RandomRing(random);
@@ -78,7 +78,7 @@ TEST_F(AlarmRingOnThePage, EveryPointerThatTheBoardAnswers) {
 }
 
 TEST_F(AlarmRingOnThePage, PageThatIsOpenedAnewListsAnotherRing) {
-  std::mt19937 random(7);
+  std::minstd_rand random(7);
   for (int i = 0; i < 10 && !HasFailure(); ++i) {
     RingModel ring = RandomRing(random);
     for (auto& record : ring.records) record[4] %= 13;

@@ -52,13 +52,13 @@ struct RingModel {
   }
 };
 
-inline int Pick(std::mt19937& random, const std::vector<int>& values) {
+inline int Pick(std::minstd_rand& random, const std::vector<int>& values) {
   return values[random() % values.size()];
 }
 
 // Parts at their edges for the most part. One ring in four has a month above 12 somewhere, and one
 // in two a code above 50.
-inline RingModel RandomRing(std::mt19937& random) {
+inline RingModel RandomRing(std::minstd_rand& random) {
   RingModel ring;
   for (auto& record : ring.records) {
     for (int& part : record) part = static_cast<int>(random() % 256);
