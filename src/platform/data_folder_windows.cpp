@@ -5,7 +5,9 @@
 namespace sorvane {
 
 std::filesystem::path DataFolder() {
-  return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation).toStdU16String();
+  std::filesystem::path folder =
+      QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation).toStdU16String();
+  return folder.make_preferred();
 }
 
 }  // namespace sorvane

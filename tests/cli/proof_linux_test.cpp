@@ -208,7 +208,9 @@ class Proof : public testing::Test {
     constexpr int kReadingStride = 16;
     std::vector<int> frames;
     for (int frame = 1; frame < first_write_; frame += kReadingStride) frames.push_back(frame);
-    for (int frame = first_write_ - 1; frame <= all_frames_; ++frame) frames.push_back(frame);
+    for (int frame = first_write_ - 1; frame <= all_frames_; frame += PROOF_STRIDE) {
+      frames.push_back(frame);
+    }
     return frames;
   }
 

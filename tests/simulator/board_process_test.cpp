@@ -4,12 +4,9 @@
 #include <gtest/gtest.h>
 #include <poll.h>
 #include <signal.h>
-#include <sys/resource.h>
-#include <unistd.h>
 
 #include <chrono>
 #include <fstream>
-#include <system_error>
 
 #include "simulator/real_board.h"
 
@@ -21,7 +18,6 @@ using std::chrono::milliseconds;
 using std::chrono::steady_clock;
 using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::MatchesRegex;
 using testing::StartsWith;
 
 // A running board, with the PC's port open.
@@ -294,28 +290,6 @@ TEST_F(RealBoard, HelpIsShown) {
   BoardProcess board({"--help"});
   EXPECT_THAT(board.NextLine(), HasSubstr("simulated"));
   EXPECT_EQ(board.Exit(), 0);
-}
-
-// What it says where no more than so many files can be opened.
-std::string WordsOfATerminalWith(rlim_t files) {
-  rlimit before{};
-  getrlimit(RLIMIT_NOFILE, &before);
-  const rlimit scarce{static_cast<rlim_t>(Descriptor(dup(0)).Number()) + files, before.rlim_max};
-  setrlimit(RLIMIT_NOFILE, &scarce);
-  std::string words;
-  try {
-    const Terminal terminal;
-  } catch (const std::system_error& error) {
-    words = error.what();
-  }
-  setrlimit(RLIMIT_NOFILE, &before);
-  return words;
-}
-
-TEST(Terminal, SaysThatThereIsNoneOrWhichEndCannotBeOpened) {
-  EXPECT_EQ(WordsOfATerminalWith(0), "no pseudo-terminal: Too many open files");
-  EXPECT_THAT(WordsOfATerminalWith(1), MatchesRegex("/dev/pts/[0-9]+: Too many open files"));
-  EXPECT_EQ(WordsOfATerminalWith(2), "");
 }
 
 TEST(Terminal, TheLineStaysUpWhileThePcHasItClosed) {

@@ -58,11 +58,6 @@ class CommandLine(Scene):
     def test_the_ports_of_the_computer_are_listed(self):
         self.assertIn("COM1", self.type("ports"))
 
-    def test_a_port_that_a_connected_program_holds_is_refused_in_words(self):
-        self.connect()
-        self.type("info", code=3)
-        self.assertIn("can't open", self.told)
-
     def test_a_silent_board_is_told(self):
         self.start_board("--fault", "silent")
         self.type("info", code=3)
