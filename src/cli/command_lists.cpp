@@ -10,6 +10,7 @@ namespace {
 
 std::string PortsAsJson(const std::vector<ListedPort>& ports) {
   std::vector<std::string> rows;
+  rows.reserve(ports.size());
   for (const ListedPort& port : ports) {
     rows.push_back(
         JsonObject({{"name", JsonString(port.name)}, {"words", JsonString(port.words)}}));
@@ -48,6 +49,7 @@ std::vector<NameRow> NameRows(const Catalogue& catalogue, const std::optional<Gr
 
 std::string NamesAsJson(const std::vector<NameRow>& names) {
   std::vector<std::string> rows;
+  rows.reserve(names.size());
   for (const NameRow& row : names) {
     rows.push_back(JsonObject({{"name", JsonString(row.name)},
                                {"group", JsonString(row.group)},

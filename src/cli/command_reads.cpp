@@ -87,7 +87,11 @@ ExitCode WatchValues(const Task& task) {
       if (now == shown[i]) continue;
       shown[i] = now;
       const std::string time = task.around.now().toString(Qt::ISODate).toStdString();
-      task.console.Print(time + "  " + all[i].Name() + " = " + now + '\n');
+      std::string line = time + "  ";
+      line += all[i].Name();
+      line += " = ";
+      line += now;
+      task.console.Print(line += '\n');
     }
     task.around.wait(std::chrono::seconds(task.request.every), task.around.interrupted);
   }

@@ -176,6 +176,7 @@ std::vector<Wanted> TypedValues(const Task& task, const Snapshot& held) {
     }
   }
   std::vector<Wanted> values;
+  values.reserve(wanted.size());
   for (const auto& [number, value] : wanted) values.push_back(value);
   return values;
 }

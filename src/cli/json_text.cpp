@@ -38,6 +38,7 @@ std::string JsonList(const std::vector<std::string>& elements) {
 
 std::string JsonStrings(const std::vector<std::string>& texts) {
   std::vector<std::string> elements;
+  elements.reserve(texts.size());
   for (const std::string& text : texts) elements.push_back(JsonString(text));
   return JsonList(elements);
 }

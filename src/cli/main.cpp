@@ -48,7 +48,7 @@ int main(int argc, char** argv) {
   if (!request) return exit_code;
 
   const std::filesystem::path folder = ProgramPath().parent_path();
-  const std::filesystem::path device = DeviceOf(request->port, folder);
+  std::filesystem::path device = DeviceOf(request->port, folder);
   const std::unique_ptr<Port> port = MakeSerialPort(
       [&](int) { return device; }, [](const std::function<void()>& handler) { handler(); });
   port->SetCommPort(kPortNumber);

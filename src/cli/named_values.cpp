@@ -32,6 +32,7 @@ Named FindNamed(const Catalogue& catalogue, const std::string& name) {
 
 std::vector<Named> FindAllNamed(const Catalogue& catalogue, const std::vector<std::string>& names) {
   std::vector<Named> all;
+  all.reserve(names.size());
   for (const std::string& name : names) all.push_back(FindNamed(catalogue, name));
   return all;
 }

@@ -133,7 +133,7 @@ class Reader {
     }
     const std::vector<int> lines = LinesOfValues(text_);
     std::size_t place = 0;
-    for (const QJsonValue& value : values.toArray()) {
+    for (const auto& value : values.toArray()) {
       if (!value.isObject()) {
         Find(place < lines.size() ? lines[place] : LineOfKey("values"), "no parameter");
         continue;

@@ -35,6 +35,7 @@ std::string CheckGroup(const std::string& name) {
 
 std::vector<Group> GroupsOf(const std::vector<std::string>& names) {
   std::vector<Group> groups;
+  groups.reserve(names.size());
   for (const std::string& name : names) groups.push_back(*FindGroup(name));
   return groups;
 }

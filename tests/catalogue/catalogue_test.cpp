@@ -18,7 +18,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::StartsWith;
 
 IndexTable SampleTable(const std::string& name) {
   std::ifstream in(std::filesystem::path(SAMPLE_TABLES) / name);

@@ -9,7 +9,6 @@ namespace sorvane::test {
 namespace {
 
 using testing::HasSubstr;
-using testing::Not;
 using testing::StartsWith;
 
 struct Lists : testing::Test, Workshop {};

@@ -9,7 +9,6 @@ namespace {
 
 using testing::HasSubstr;
 using testing::IsEmpty;
-using testing::Not;
 
 struct Reading : testing::Test, Workshop {
   cli::Snapshot Copy(const std::string& name) const {

@@ -8,8 +8,6 @@ namespace {
 
 using testing::EndsWith;
 using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::Not;
 
 // A copy of the machine as it was, and a change since.
 struct Restoring : testing::Test, Workshop {

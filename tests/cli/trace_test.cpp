@@ -7,7 +7,6 @@ namespace sorvane::test {
 namespace {
 
 using testing::HasSubstr;
-using testing::Not;
 using testing::StartsWith;
 
 struct Tracing : testing::Test, Workshop {};
