@@ -81,6 +81,8 @@ class Bench:
         tests = dict.fromkeys(name for floor in self._floors for name in floor.tests)
         self._links = {name: self._link_command(name)
                        for name in (*tests, *self._started.values())}
+        self._libraries = {word for words in self._links.values() for word in words
+                           if word.endswith(".a") and not os.path.isabs(word)}
 
     def _link_command(self, program):
         commands = _output("ninja", "-t", "commands", program, cwd=self._objects)
@@ -89,8 +91,16 @@ class Bench:
         return words[start:words.index("&&", start)]
 
     def sources(self, floor):
-        """The sources of a floor that are built on this system."""
-        return sorted(source for source in self._compilations if self._floor_of(source) == floor)
+        """The sources of a floor that are built on this system, and that its tests are made of."""
+        programs = (*floor.tests, *self._started.values())
+        return sorted(source for source in self._compilations
+                      if self._floor_of(source) == floor and
+                      any(self._holds(program, source) for program in programs))
+
+    def _holds(self, program, source):
+        own, library = self._own_object(source)
+        return any(word == own or os.path.basename(word) == library
+                   for word in self._links[program])
 
     def _floor_of(self, source):
         return next((floor for floor in self._floors if source.startswith(f"{floor.folder}/")), None)
@@ -121,46 +131,59 @@ class Bench:
         place = self._trials / str(number)
         place.mkdir()
         try:
-            if not self._compile(mutant, place):
-                return Outcome("not compiled")
-            variables = {variable: str(place / program)
-                         for variable, program in self._started.items()
-                         if self._link(program, mutant.source, place)}
-            for name in self._floor_of(mutant.source).tests:
-                self._link(name, mutant.source, place)
-                outcome = self._run_test(name, place, variables)
-                if outcome.kind != "passed":
-                    return outcome
-            return outcome
+            return self._try_in(place, mutant)
         finally:
             shutil.rmtree(place)
 
+    def _try_in(self, place, mutant):
+        if not self._compile(mutant, place):
+            return Outcome("not compiled")
+        variables = {}
+        for variable, program in self._started.items():
+            if not self._link(program, mutant.source, place):
+                return Outcome("not compiled")
+            if (place / program).exists():
+                variables[variable] = str(place / program)
+        for name in self._floor_of(mutant.source).tests:
+            if not self._link(name, mutant.source, place):
+                return Outcome("not compiled")
+            outcome = self._run_test(name, place, variables)
+            if outcome.kind != "passed":
+                break
+        return outcome
+
     def _compile(self, mutant, place):
+        """Makes the mutant's object, and a copy of the library that it is from with it."""
         (place / "mutant.cpp").write_text(mutant.text, encoding="utf-8")
         command = [*self._compilations[mutant.source], "-w"]
         command[command.index("-c") + 1] = str(place / "mutant.cpp")
         command[command.index("-o") + 1] = str(place / "mutant.o")
-        return _run(command, cwd=self._objects, stdout=subprocess.DEVNULL).returncode == 0
+        if _run(command, cwd=self._objects, stdout=subprocess.DEVNULL).returncode != 0:
+            return False
+        own, library = self._own_object(mutant.source)
+        for found in self._libraries:
+            if os.path.basename(found) == library:
+                shutil.copy(self._objects / found, place / library)
+                _output("ar", "d", place / library, os.path.basename(own))
+                _output("ar", "q", place / library, place / "mutant.o")
+        return True
 
-    def _link(self, program, source, place):
-        """Links a private copy of a program, unless the source isn't in it. Whether there is one.
-
-        The mutated object comes before the library that it is from, so that the one there is never
-        looked for.
-        """
-        command = list(self._links[program])
+    def _own_object(self, source):
+        """The object of a source, and the name of the library that it would be in."""
         compilation = self._compilations[source]
         own = compilation[compilation.index("-o") + 1]
-        library = f"lib{OWNER.search(own).group(1)}.a"
-        if own in command:
-            command[command.index(own)] = str(place / "mutant.o")
-        elif any(os.path.basename(word) == library for word in command):
-            command.insert(1, str(place / "mutant.o"))
-        else:
-            return False
+        return own, f"lib{OWNER.search(own).group(1)}.a"
+
+    def _link(self, program, source, place):
+        """Links a private copy of a program that the source is in. False where it doesn't link."""
+        if not self._holds(program, source):
+            return True
+        own, library = self._own_object(source)
+        private = {own: place / "mutant.o", library: place / library}
+        command = [str(private.get(word) or private.get(os.path.basename(word)) or word)
+                   for word in self._links[program]]
         command[command.index("-o") + 1] = str(place / program)
-        _output(*command, cwd=self._objects)
-        return True
+        return _run(command, cwd=self._objects, stdout=subprocess.DEVNULL).returncode == 0
 
     def _run_test(self, name, place, variables):
         """Runs a test, by the private copy of its program if there is one."""

@@ -20,6 +20,7 @@ include_directories(${CMAKE_SOURCE_DIR})
 add_library(toy STATIC toy/toy.cpp)
 add_executable(toy_program program/main.cpp)
 target_link_libraries(toy_program toy)
+add_executable(alone toy/alone.cpp)
 add_executable(toy_test tests/toy_test.cpp)
 target_link_libraries(toy_test toy GTest::gtest_main)
 add_test(NAME toy_test COMMAND toy_test)
@@ -36,6 +37,7 @@ bool Finish();
 bool Rest();
 int Pick(const int* numbers);
 int Double(int a);
+template <typename T> T Same(T t);  // for the numbers that the source itself uses
 """,
     "toy/toy.cpp": """
 #include "toy/toy.h"
@@ -55,6 +57,11 @@ int Pick(const int* numbers) {
   return 7;
 }
 int Double(int a) { return a * 2; }
+template <typename T> T Same(T t) { return t; }
+void Use() { Same(1); }
+""",
+    "toy/alone.cpp": """
+int main() { return 0; }
 """,
     "program/main.cpp": """
 #include "toy/toy.h"
@@ -70,6 +77,7 @@ TEST(Toy, KnowsTheLargerOfTwo) { EXPECT_EQ(Larger(2, 1), 2); }
 TEST(Toy, Finishes) { EXPECT_TRUE(Finish()); }
 TEST(Toy, Rests) { EXPECT_TRUE(Rest()); }
 TEST(Toy, PicksSevenFromNothing) { EXPECT_EQ(Pick(nullptr), 7); }
+TEST(Toy, StaysTheSame) { EXPECT_EQ(Same(5), 5); }
 """,
     "tests/program_test.cpp": """
 #include <gtest/gtest.h>
@@ -109,7 +117,7 @@ class ToyTest(unittest.TestCase):
         return {str(path): path.stat().st_mtime_ns
                 for path in pathlib.Path(self.folder.name).rglob("*") if path.is_file()}
 
-    def test_a_floor_has_its_own_sources(self):
+    def test_a_floor_has_the_sources_that_its_tests_are_made_of(self):
         self.assertEqual([self.bench.sources(floor) for floor in self.floors],
                          [["toy/toy.cpp"], ["program/main.cpp"]])
 
@@ -131,6 +139,9 @@ class ToyTest(unittest.TestCase):
         self.bench.text = lambda source: "int main() { return 1 +; }"
         self.addCleanup(lambda: delattr(self.bench, "text"))
         self.assertEqual(self.outcome("1", "2"), ("not compiled", ""))
+
+    def test_what_does_not_link_counts_as_not_compiled(self):
+        self.assertEqual(self.outcome("Same(1)", ""), ("not compiled", ""))
 
     def test_nothing_is_left_of_a_mutant_and_nothing_built_is_touched(self):
         before = self.files()
