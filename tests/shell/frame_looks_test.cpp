@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QCoreApplication>
 #include <QImage>
 #include <QLabel>
 #include <QPalette>
@@ -61,6 +62,14 @@ TEST_F(PanelsTest, TheLampsStandAtTheRightAndTheTextTakesTheRest) {
   EXPECT_GE(bar.width() - Panel(4).right(), character);
 }
 
+TEST_F(PanelsTest, ALampIs17PixelsWideAtLeast) {
+  QFont small = bar.font();
+  small.setPixelSize(6);
+  bar.setFont(small);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(Panel(3).width(), 17);
+}
+
 TEST_F(PanelsTest, TheTextEndsAtTheLampsInTheMiddleOfTheBar) {
   EXPECT_EQ(bar.findChild<QLabel*>("Panel(1)")->alignment(), Qt::AlignRight | Qt::AlignVCenter);
   EXPECT_NEAR(Panel(1).center().y(), Panel(2).center().y(), 1);
@@ -73,6 +82,16 @@ TEST(Frame, OpensWithRoomForItsPages) {
   program.Connect();
   const QFontMetrics letters = program.frame->fontMetrics();
   EXPECT_EQ(program.frame->size(), QSize(172 * letters.averageCharWidth(), 51 * letters.height()));
+}
+
+TEST(Frame, ItsPagesCanBeMinimizedAndClosedAndNotMaximized) {
+  Program program;
+  program.Connect();
+  program.Open("MnuSconti");
+  const QWidget& window = *program.frame->findChild<ChildForm*>("FrmSconti")->parentWidget();
+  const Qt::WindowFlags hints = window.windowFlags() & ~Qt::WindowFlags(Qt::WindowType_Mask);
+  EXPECT_EQ(hints, Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                       Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint);
 }
 
 // What is brighter than the left edge of its row, as ink.

@@ -30,6 +30,16 @@ void ExpectReport(Program& program, const std::string& report) {
   EXPECT_TRUE(program.started.empty());
 }
 
+TEST(IndexFiles, AreThoseOfTheBoardThatIsServedWhateverStoodInTheTables) {
+  Program program;
+  program.link.tables.BoardTypeNumber = 17;
+  program.link.tables.BoardSoftwareNumber = 3;
+  program.Start();
+  EXPECT_EQ(program.link.tables.IndexType, 309);
+  EXPECT_EQ(program.link.tables.IndexSoftware, 0);
+  program.link.dialogs.ExpectNone();
+}
+
 TEST(SettingsFile, ThatIsAFolderCountsAsNone) {
   Program program({.settings = ""});
   PutFolder(program, "Sorvane.ini");

@@ -272,6 +272,15 @@ TEST_F(SliderTest, EmptyNamesAreStillPositions) {
   EXPECT_EQ(slider.Position(), 1);
 }
 
+TEST_F(SliderTest, APositionWithoutANameIsTwoLinesWide) {
+  const auto width_of = [&](const char* labels) {
+    slider.SetLabels(labels);
+    return slider.sizeHint().width();
+  };
+  const int line = QFontMetrics(slider.font()).height();
+  EXPECT_NEAR(width_of(",,") - width_of(","), 2 * line, 1);
+}
+
 TEST_F(SliderTest, ErrorOfTheHandlerGoesToTheProgramOrToTheGate) {
   slider.on_change = [] { throw RuntimeError(ErrorCode::kOverflow); };
   ExpectError(ErrorCode::kOverflow, [this] { slider.SetPosition(1); });

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QTabBar>
 #include <QVBoxLayout>
+#include <cstdlib>
 
 #include "shell/controls/bench.h"
 #include "shell/controls/entry_box.h"
@@ -158,6 +159,18 @@ TEST_F(TabPagesTest, CaptionsShowAmpersandsAsTheyAre) {
   tabs->SetCaption(2, "On & Off");
   EXPECT_EQ(tabs->Caption(2), "On & Off");
   EXPECT_EQ(strip->tabText(2), "On && Off");
+}
+
+TEST_F(TabPagesTest, ALineGoesAllAroundTheContents) {
+  const QImage picture = tabs->grab().toImage();
+  const int right = picture.width() - 1;
+  const int bottom = picture.height() - 1;
+  const int middle = (strip->height() + bottom) / 2;
+  const QColor inside = picture.pixelColor(4, bottom - 4);
+  for (const QPoint& place : {QPoint(0, middle), QPoint(right, middle), QPoint(right / 2, bottom)}) {
+    EXPECT_GT(std::abs(picture.pixelColor(place).lightness() - inside.lightness()), 10)
+        << place.x() << " " << place.y();
+  }
 }
 
 TEST_F(TabPagesTest, TabThatDoesntExistFails) {
