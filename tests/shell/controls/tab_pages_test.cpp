@@ -167,7 +167,8 @@ TEST_F(TabPagesTest, ALineGoesAllAroundTheContents) {
   const int bottom = picture.height() - 1;
   const int middle = (strip->height() + bottom) / 2;
   const QColor inside = picture.pixelColor(4, bottom - 4);
-  for (const QPoint& place : {QPoint(0, middle), QPoint(right, middle), QPoint(right / 2, bottom)}) {
+  for (const QPoint& place :
+       {QPoint(0, middle), QPoint(right, middle), QPoint(right / 2, bottom)}) {
     EXPECT_GT(std::abs(picture.pixelColor(place).lightness() - inside.lightness()), 10)
         << place.x() << " " << place.y();
   }
