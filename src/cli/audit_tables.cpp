@@ -9,7 +9,7 @@
 namespace sorvane::cli {
 namespace {
 
-const std::string kNothing = "-";  // in the place of what isn't known
+constexpr const char* kNothing = "-";  // in the place of what isn't known
 
 using Row = std::vector<AuditCell>;
 

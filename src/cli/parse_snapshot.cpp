@@ -133,7 +133,8 @@ class Reader {
     }
     const std::vector<int> lines = LinesOfValues(text_);
     std::size_t place = 0;
-    for (const auto& value : values.toArray()) {
+    const QJsonArray all = values.toArray();
+    for (const auto& value : all) {
       if (!value.isObject()) {
         Find(place < lines.size() ? lines[place] : LineOfKey("values"), "no parameter");
         continue;
