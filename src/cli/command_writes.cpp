@@ -1,5 +1,6 @@
 #include <QDateTime>
 #include <algorithm>
+#include <functional>
 #include <map>
 #include <string>
 
@@ -94,6 +95,17 @@ void Agree(const Task& task, const Question& question) {
   throw Failure(question.always ? ExitCode::kWrongBoard : ExitCode::kUsage, "nothing is written");
 }
 
+// Keeps what is to be kept of writes that are done; tells where it finds no room, and goes on.
+bool Kept(const Task& task, const std::function<void()>& keep) {
+  try {
+    keep();
+    return true;
+  } catch (const Failure& failure) {
+    Complain(task, failure);
+    return false;
+  }
+}
+
 std::string Counted(std::size_t writes) {
   return writes == 1 ? "1 value is" : std::to_string(writes) + " values are";
 }
@@ -110,18 +122,26 @@ ExitCode Write(const Task& task, ConnectedBoard& board, const Snapshot& held,
   }
   const bool nothing = plan.writes.empty();
   if (nothing) task.console.Tell("nothing differs");
-  if (!task.request.json) Deliver(task, PlanLines(plan, style));
+  const std::string lines = PlanLines(plan, style);
+  if (!task.request.json) Deliver(task, lines);
   WriteReport report;
   if (!nothing && !task.request.dry_run) {
     question.words += Counted(plan.writes.size()) + " written. Go on?";
+    // A person decides by the plan, wherever the result goes.
+    if (task.request.json || !task.request.output.empty()) question.words.insert(0, lines);
     Agree(task, question);
     KeepCopy(task, held, plan);
     report = SendWrites(board.Line(), plan, style, task.around.interrupted, task.console);
   }
-  if (task.request.json) Deliver(task, PlanAsJson(plan, report));
-  if (!task.request.json) task.console.Print(ReportLines(report));
+  const bool told = Kept(task, [&] {
+    if (task.request.json) Deliver(task, PlanAsJson(plan, report));
+    if (!task.request.json) task.console.Print(ReportLines(report));
+  });
+  if (!told) task.console.Complain(ReportLines(report));
+  const bool traced = Kept(task, [&] { board.CheckTrace(); });
   if (report.interrupted) return ExitCode::kInterrupted;
   if (!report.AllConfirmed()) return ExitCode::kNotConfirmed;
+  if (!told || !traced) return ExitCode::kUsage;
   return task.request.dry_run && !nothing ? ExitCode::kDifferences : ExitCode::kDone;
 }
 

@@ -43,9 +43,13 @@ ExitCode RunCommand(const Task& task) {
   try {
     return Run(task);
   } catch (const Failure& failure) {
-    task.console.Complain("sorvane-cli: " + std::string(failure.what()));
+    Complain(task, failure);
     return failure.Code();
   }
+}
+
+void Complain(const Task& task, const Failure& failure) {
+  task.console.Complain("sorvane-cli: " + std::string(failure.what()));
 }
 
 void Deliver(const Task& task, std::string_view text) {

@@ -36,6 +36,9 @@ ExitCode RestoreSnapshot(const Task& task);
 ExitCode UndoLast(const Task& task);
 ExitCode SetClock(const Task& task);
 
+// What went wrong, on the console.
+void Complain(const Task& task, const Failure& failure);
+
 // The result of a command, on the standard output or in the file that the request names.
 void Deliver(const Task& task, std::string_view text);
 

@@ -29,9 +29,9 @@ ConnectedBoard::OpenPort::OpenPort(const Surroundings& around) : port_(around.po
   try {
     port_.Open();
   } catch (const RuntimeError&) {
-    const std::string holder = around.port_holder();
+    const std::string trouble = around.port_trouble();
     throw Failure(ExitCode::kNoBoard,
-                  "can't open " + around.port_name + (holder.empty() ? "" : ": held by " + holder));
+                  "can't open " + around.port_name + (trouble.empty() ? "" : ": " + trouble));
   }
 }
 
@@ -64,6 +64,9 @@ ConnectedBoard::ConnectedBoard(const Request& request, const Surroundings& aroun
 
 void ConnectedBoard::CheckGoesOn() const {
   if (around_.interrupted()) throw Failure(ExitCode::kInterrupted, "interrupted");
+}
+
+void ConnectedBoard::CheckTrace() const {
   if (trace_) trace_->CheckWhole();
 }
 
@@ -72,7 +75,9 @@ std::optional<Bytes> ConnectedBoard::TryRead(int32_t number, const std::string& 
   if (session_.SizeOf(number) == 0) {
     throw Failure(ExitCode::kWrongBoard, "this board has no " + name);
   }
-  return session_.Read(number);
+  const auto raw = session_.Read(number);
+  CheckTrace();
+  return raw;
 }
 
 Bytes ConnectedBoard::Read(const CatalogueEntry& entry) {
@@ -119,6 +124,7 @@ Snapshot ConnectedBoard::Take(std::span<const CatalogueEntry* const> entries, co
     const std::size_t count = std::min(Session::kAtOnce, places.size() - done);
     const auto wanted = std::span(places).subspan(done, count);
     const std::size_t answered = Keep(wanted, snapshot);
+    CheckTrace();
     done += answered;
     if (answered == count) continue;
     const std::string words = "the board doesn't answer for " + places[done].name;

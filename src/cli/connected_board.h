@@ -38,6 +38,11 @@ class ConnectedBoard {
   // The decimals with which the board draws its amounts, asked once.
   NumberStyle Style();
 
+  // Throws Failure kUsage where not all frames could be kept in the trace that is wanted. Reads
+  // look by themselves; in the midst of writes nobody does, since all must be told of them to their
+  // end.
+  void CheckTrace() const;
+
   // All values of entries that the index file has, with their second copies if wanted; what the
   // board doesn't answer fails as Read does, or is left out where partial allows it.
   struct Taking {
@@ -72,8 +77,7 @@ class ConnectedBoard {
   std::size_t Keep(std::span<const Place> places, Snapshot& snapshot);
 
   std::optional<Bytes> TryRead(int32_t number, const std::string& name);
-  // Throws Failure where the person wants the end or the trace can't be kept. Looked at between
-  // reads, and not in the midst of writes, which are told about to their end.
+  // Throws Failure kInterrupted where the person wants the end.
   void CheckGoesOn() const;
 
   const Request& request_;

@@ -60,7 +60,7 @@ int main(int argc, char** argv) {
           [] { return std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now()); },
       .interrupted = IsEndWanted,
       .list_ports = ListedPorts,
-      .port_holder = [&] { return PortHolder(device); },
+      .port_trouble = [&] { return PortTrouble(device); },
       .port_name = device.string(),
       .index_folder = request->index_folder.empty() ? folder : request->index_folder,
       .copies_folder = DataFolder() / "sorvane" / "copies",

@@ -28,8 +28,8 @@ struct Surroundings {
   std::function<std::chrono::sys_seconds()> utc_now;
   std::function<bool()> interrupted;  // the person wants the program to end
   std::function<std::vector<ListedPort>()> list_ports;
-  // Who holds the port, in words; empty where the system doesn't tell.
-  std::function<std::string()> port_holder;
+  // Why the port can't be opened, in words; empty where the system doesn't tell.
+  std::function<std::string()> port_trouble;
   std::string port_name;                // for words
   std::filesystem::path index_folder;   // of the index files
   std::filesystem::path copies_folder;  // for copies made before a write; needn't exist

@@ -17,8 +17,9 @@ struct SerialPortEntry {
 // All serial ports that the system knows, in the order of their names.
 std::vector<SerialPortEntry> ListSerialPorts();
 
-// The programs that have a device open, "Sorvane (process 4711)" with commas between them; empty
-// where none has, and where the system doesn't tell.
-std::string PortHolder(const std::filesystem::path& device);
+// Why a device can't be opened: "there is no such device", "it is no device", "you may not use it",
+// or the programs that have it open, "held by Sorvane (process 4711)" with commas between them;
+// empty where nothing stands in the way, and where the system doesn't tell.
+std::string PortTrouble(const std::filesystem::path& device);
 
 }  // namespace sorvane

@@ -1,7 +1,9 @@
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <fstream>
 #include <map>
 #include <optional>
@@ -71,9 +73,15 @@ std::vector<SerialPortEntry> ListSerialPorts() {
   return ports;
 }
 
-std::string PortHolder(const fs::path& device) {
+std::string PortTrouble(const fs::path& device) {
   struct stat wanted {};
-  if (stat(device.c_str(), &wanted) != 0 || !S_ISCHR(wanted.st_mode)) return {};
+  if (stat(device.c_str(), &wanted) != 0) {
+    return errno == ENOENT ? "there is no such device" : std::string();
+  }
+  if (!S_ISCHR(wanted.st_mode)) return "it is no device";
+  if (faccessat(AT_FDCWD, device.c_str(), R_OK | W_OK, AT_EACCESS) != 0) {
+    return errno == EACCES ? "you may not use it" : std::string();
+  }
   std::string holders;
   ForEach("/proc", [&](const fs::path& process) {
     const std::string number = process.filename().string();
@@ -83,7 +91,8 @@ std::string PortHolder(const fs::path& device) {
     ForEach(process / "fd",
             [&](const fs::path& open) { holds = holds || IsSameDevice(open, wanted); });
     if (!holds) return;
-    holders += (holders.empty() ? "" : ", ") + NameOf(process) + " (process " + number + ')';
+    holders +=
+        (holders.empty() ? "held by " : ", ") + NameOf(process) + " (process " + number + ')';
   });
   return holders;
 }

@@ -45,7 +45,17 @@ std::vector<SerialPortEntry> ListSerialPorts() {
   return ports;
 }
 
-// The system knows, and keeps it to itself.
-std::string PortHolder(const std::filesystem::path&) { return {}; }
+// Who holds a port the system knows, and keeps to itself.
+std::string PortTrouble(const std::filesystem::path& device) {
+  const HANDLE handle = CreateFileW(device.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr,
+                                    OPEN_EXISTING, FILE_FLAG_OVERLAPPED, nullptr);
+  const DWORD error = GetLastError();
+  if (handle != INVALID_HANDLE_VALUE) {
+    CloseHandle(handle);
+    return {};
+  }
+  if (error == ERROR_FILE_NOT_FOUND) return "there is no such device";
+  return error == ERROR_ACCESS_DENIED ? "held by another program" : std::string();
+}
 
 }  // namespace sorvane

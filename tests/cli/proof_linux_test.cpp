@@ -68,7 +68,7 @@ class Bench {
         .utc_now = [] { return std::chrono::sys_seconds(); },
         .interrupted = [] { return false; },
         .list_ports = {},
-        .port_holder = [] { return std::string(); },
+        .port_trouble = [] { return std::string(); },
         .port_name = "COM1",
         .index_folder = index_.Path(),
         .copies_folder = data_.Path(),

@@ -30,11 +30,11 @@ TEST_F(Reading, InfoTellsWhoIsAtTheOtherEnd) {
   EXPECT_THAT(out, HasSubstr("\"machine\": 7, \"location\": 3, \"decimals\": 2}\n"));
 }
 
-TEST_F(Reading, APortThatCanNotBeOpenedIsToldWithItsHolder) {
+TEST_F(Reading, APortThatCanNotBeOpenedIsToldWithTheReason) {
   wire.RefuseOpen();
   EXPECT_EQ(Type({"info"}), 3);
   EXPECT_EQ(err, "sorvane-cli: can't open COM1\n");
-  holder = "Sorvane (process 5)";
+  trouble = "held by Sorvane (process 5)";
   EXPECT_EQ(Type({"info"}), 3);
   EXPECT_EQ(err, "sorvane-cli: can't open COM1: held by Sorvane (process 5)\n");
 }

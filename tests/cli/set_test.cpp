@@ -9,6 +9,7 @@ namespace {
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
+using testing::StartsWith;
 
 struct Setting : testing::Test, Workshop {};
 
@@ -173,6 +174,38 @@ TEST_F(Setting, TheOutcomeIsOneJsonObjectOnRequest) {
       out,
       "{\"plan\": [\n  \"price.3\"\n], \"left-behind\": [\n], \"confirmed\": [\n  \"price.3\"\n], "
       "\"unsure\": [\n], \"unsent\": [\n]}\n");
+}
+
+TEST_F(Setting, APersonSeesThePlanWhereverTheResultGoes) {
+  const std::string asked = "price.3: 0.00 -> 1.50\n1 value is written. Go on? [y/N] ";
+  Answer("n");
+  EXPECT_EQ(Type({"--json", "set", "price.3=1.50"}), 2);
+  EXPECT_THAT(err, StartsWith(asked));
+  EXPECT_EQ(Type({"-o", File("plan.txt"), "set", "price.3=1.50"}), 2);
+  EXPECT_THAT(err, StartsWith(asked));
+  EXPECT_EQ(Type({"set", "price.3=1.50"}), 2);
+  EXPECT_EQ(out, "price.3: 0.00 -> 1.50\n");
+  EXPECT_THAT(err, StartsWith("1 value is written."));
+}
+
+TEST_F(Setting, AReportThatFindsNoRoomStandsAmongTheErrors) {
+  room = 30;
+  EXPECT_EQ(Type({"set", "price.3=1.50", "-y"}), 2);
+  EXPECT_EQ(Board("price.3"), 150U);
+  EXPECT_THAT(err, HasSubstr("the standard output can't be written\nconfirmed price.3\n"));
+  room = 0;
+  EXPECT_EQ(Type({"--json", "set", "price.3=1.75", "-y"}), 2);
+  EXPECT_EQ(Board("price.3"), 175U);
+  EXPECT_THAT(err, HasSubstr("the standard output can't be written\nconfirmed price.3\n"));
+}
+
+TEST_F(Setting, AnUnsureWriteEndsAsOneWhereItsReportFindsNoRoom) {
+  room = 30;
+  on_frame = [this](int, const Bytes& frame) {
+    if (frame.front() >= 128) wire.Vanish();
+  };
+  EXPECT_EQ(Type({"set", "price.3=1.50", "-y"}), 5);
+  EXPECT_THAT(err, HasSubstr("unsure price.3: the board doesn't answer\n"));
 }
 
 TEST_F(Setting, DigitsOfThePasswordStayHidden) {

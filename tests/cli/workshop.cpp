@@ -44,6 +44,25 @@ Workshop::Workshop() {
   };
 }
 
+namespace {
+
+// A standard output that ends after so many characters.
+class Paper : public std::stringbuf {
+ public:
+  explicit Paper(std::size_t room) : room_(room) {}
+
+ protected:
+  std::streamsize xsputn(const char* text, std::streamsize count) override {
+    const auto taken = std::min(static_cast<std::size_t>(count), room_ - str().size());
+    return std::stringbuf::xsputn(text, static_cast<std::streamsize>(taken));
+  }
+
+ private:
+  const std::size_t room_;
+};
+
+}  // namespace
+
 int Workshop::Type(const std::vector<std::string>& arguments) {
   std::vector<const char*> argv = {"sorvane-cli"};
   for (const std::string& argument : arguments) argv.push_back(argument.c_str());
@@ -60,18 +79,19 @@ int Workshop::Type(const std::vector<std::string>& arguments) {
           [this] { return std::chrono::sys_seconds(std::chrono::seconds(now.toSecsSinceEpoch())); },
       .interrupted = [this] { return interrupted(); },
       .list_ports = [this] { return ports; },
-      .port_holder = [this] { return holder; },
+      .port_trouble = [this] { return trouble; },
       .port_name = "COM1",
       .index_folder = index.Path(),
       .copies_folder = data.Path() / "copies",
       .program = "sorvane-cli test"};
   std::istringstream in(typed_);
-  std::ostringstream out_stream;
+  Paper paper(room);
+  std::ostream out_stream(&paper);
   std::ostringstream err_stream;
   cli::Console console({.in = in, .out = out_stream, .err = err_stream, .asks = asks_},
                        request->quiet);
   const auto code = cli::RunCommand({*request, around, catalogue, console});
-  out = out_stream.str();
+  out = paper.str();
   err = err_stream.str();
   EXPECT_FALSE(wire.PortOpen());
   return static_cast<int>(code);

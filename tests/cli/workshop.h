@@ -67,7 +67,8 @@ class Workshop {
   ScriptedBoard board{wire, clock};
   QDateTime now{QDate(2026, 11, 22), QTime(14, 30, 5), Qt::UTC};
   std::vector<cli::ListedPort> ports;
-  std::string holder;  // of the port
+  std::string trouble;          // of the port
+  std::size_t room = SIZE_MAX;  // characters that the standard output takes
   std::string out;
   std::string err;
   int frames = 0;  // of the last command line

@@ -9,8 +9,13 @@ from workplace import PRICES, Workplace
 NO_TEXT = os.fsdecode(b"caf\xe9 N\xba 1")  # as systems wrote names before they wrote UTF-8
 ODD = "Prüfstand Nº 1 – café 日本"
 
-# Four times 1024 bytes, less than any snapshot takes, is all that a file may have.
-FULL = ("bash", "-c", "trap '' XFSZ; ulimit -f 4; exec \"$@\"", "full")
+
+def full_after(blocks):
+    """Before a command: so many times 1024 bytes are all that a file may have."""
+    return "bash", "-c", f"trap '' XFSZ; ulimit -f {blocks}; exec \"$@\"", "full"
+
+
+FULL = full_after(4)  # less than any snapshot takes
 # Also the administrator may not write then where rights forbid it.
 LEAST_RIGHTS = (("setpriv", "--bounding-set=-dac_override,-dac_read_search")
                 if os.geteuid() == 0 else ())
@@ -62,6 +67,22 @@ class Disks(Workplace):
     def test_frames_that_find_no_room_in_the_trace_end_the_command_before_it_writes(self):
         done = self.run_cli("--trace", "/dev/full", "--yes", "set", "price.1=1.75")
         self.assert_nothing_written(done, "/dev/full: can't be written")
+
+    def test_frames_of_writes_that_find_no_room_in_the_trace_are_told_once_all_is_written(self):
+        trace = self.place / "trace.txt"
+
+        def set_prices(amount, **options):
+            values = [f"price.{row}={amount}" for row in PRICES]
+            return self.run_cli("--trace", trace, "--yes", "set", *values, **options)
+
+        self.assertEqual(set_prices("1.11").code, 0)
+        frames_of_reads = trace.read_text().partition("  write ")[0]
+        blocks = len(frames_of_reads) // 1024 + 2
+        self.assertLess(blocks * 1024, trace.stat().st_size)
+        done = set_prices("1.22", before=full_after(blocks))
+        self.assertEqual(done.code, 2)
+        self.assertEqual(len(done.lines("confirmed")), len(PRICES))
+        self.assertIn(f"{trace}: can't be written", done.err)
 
 
 class Names(Workplace):

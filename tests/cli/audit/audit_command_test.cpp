@@ -56,7 +56,7 @@ class AuditCommandTest : public testing::Test {
         .utc_now = [] { return std::chrono::sys_seconds(std::chrono::seconds(1795350600)); },
         .interrupted = [] { return false; },
         .list_ports = [] { return std::vector<ListedPort>(); },
-        .port_holder = [] { return std::string(); },
+        .port_trouble = [] { return std::string(); },
         .port_name = "COM1",
         .index_folder = line_.folder.Path(),
         .copies_folder = {},
