@@ -194,7 +194,6 @@ class Reader {
   }
 
   void CheckRange(const CatalogueEntry& entry, const HeldValue& held) {
-    if (entry.form == Form::kText) return;
     const bool number = held.raw.size() <= kNumberBytes;
     if (entry.role == Role::kReadOnly || (number && IsInRange(entry, NumberOf(held.raw)))) return;
     parsed_.out_of_range.push_back({line_, held.name + ": " + held.shown + " is not " +

@@ -53,6 +53,9 @@ TEST(Tables, HaveRoomForOneBoard) {
   ExpectSubscriptError([&] { tables.ParameterTable(1, 1); });
   ExpectSubscriptError([&] { same.ParameterTable(1, 1); });
   ExpectSubscriptError([&] { tables.SystemTable(1, 1); });
+  ExpectSubscriptError([&] { tables.ClearParameterTable(1); });
+  ExpectSubscriptError([&] { tables.ClearSystemTable(1); });
+  ExpectSubscriptError([&] { same.Records(1); });
   ExpectSubscriptError([&] { tables.RecordCount(1); });
   ExpectSubscriptError([&] { same.RecordCount(1); });
   ExpectSubscriptError([&] { tables.BoardPresent(1); });

@@ -69,6 +69,17 @@ TEST_F(AccessTest, WriteStoresFourBytesWhateverTheSize) {
   EXPECT_EQ(Value(4), (std::vector<int>{44, 1, 0, 0}));
 }
 
+TEST_F(AccessTest, ANumberLeavesWhatStandsBehindItsFourBytes) {
+  Record(1).At(12) = 77;
+  Write(kFourBytes, 0x04030201);
+  EXPECT_EQ(Record(1).At(12), 77);
+}
+
+TEST_F(AccessTest, FiveBytesAreAText) {
+  Write(4, "7");
+  EXPECT_EQ(Value(2), (std::vector<int>{'7', 0}));
+}
+
 TEST_F(AccessTest, WriteLooksAtTheLowNibbleOfTheCommandOnly) {
   Write(0x71, 300);
   EXPECT_EQ(Value(4), (std::vector<int>{44, 1, 0, 0}));

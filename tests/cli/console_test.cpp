@@ -60,6 +60,14 @@ TEST_F(Consoles, ProgressIsABarOnATerminalAndNothingElsewhere) {
   EXPECT_EQ(err.str(), "\rreading [###############               ] 1/2");
 }
 
+TEST_F(Consoles, OneStepIsProgressTooAndNoneIsNot) {
+  Console console = Of(true, true);
+  console.ShowProgress("writing", 1, 0);
+  EXPECT_EQ(err.str(), "");
+  console.ShowProgress("writing", 0, 1);
+  EXPECT_EQ(err.str(), "\rwriting [                              ] 0/1");
+}
+
 TEST_F(Consoles, ABarIsWipedAwayByWhatComesNext) {
   Console console = Of(true, true);
   console.ShowProgress("reading", 2, 2);

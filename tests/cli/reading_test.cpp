@@ -149,6 +149,12 @@ TEST_F(Reading, AnInterruptedBackupLeavesNoFile) {
   EXPECT_FALSE(std::filesystem::exists(File("a.json")));
 }
 
+TEST_F(Reading, AnInterruptedProgramAsksForNoFurtherValue) {
+  interrupted = [this] { return frames >= 8; };
+  EXPECT_EQ(Type({"get", "decimals", "price.1"}), 130);
+  EXPECT_EQ(frames, 8) << "seven to know the board, and the first value";
+}
+
 TEST_F(Reading, AFileThatCanNotBeWrittenIsTold) {
   EXPECT_EQ(Type({"backup", File("none/a.json")}), 2);
   EXPECT_THAT(err, HasSubstr("a.json: can't be written\n"));

@@ -56,6 +56,13 @@ TEST_F(Requests, TheClockIsSetByTwoWords) {
   EXPECT_EQ(request->command, Command::kClockSet);
 }
 
+TEST_F(Requests, AFileMayBeNamed) {
+  EXPECT_TRUE(Read({"backup"}));
+  const auto request = Read({"backup", "a.json"});
+  ASSERT_TRUE(request) << err;
+  EXPECT_THAT(request->arguments, ElementsAre("a.json"));
+}
+
 TEST_F(Requests, WhatIsMissingOrTooMuchIsAUsageError) {
   const std::vector<std::vector<const char*>> wrong = {{},
                                                        {"sell"},

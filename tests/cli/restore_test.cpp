@@ -214,6 +214,16 @@ TEST_F(Undoing, WithoutACopyOfThisMachineThereIsNothingToPutBack) {
   EXPECT_EQ(Type({"undo", "-y"}), 2);
 }
 
+TEST_F(Undoing, ACopyOfAnotherBoardIsRefused) {
+  EXPECT_EQ(Type({"set", "price.3=2.00", "-y"}), 0);
+  const std::string copy = "copies/7/000001.json";
+  std::filesystem::rename(data.Path() / copy, scratch.Path() / "copy.json");
+  Change("\"revision\": 0", "\"revision\": 7");
+  std::filesystem::rename(scratch.Path() / "copy.json", data.Path() / copy);
+  EXPECT_EQ(Type({"undo", "-y"}), 4);
+  EXPECT_EQ(Board("price.3"), 200U);
+}
+
 TEST_F(Undoing, TheClockStaysAsItIs) {
   EXPECT_EQ(Type({"clock", "set", "-y"}), 0);
   EXPECT_EQ(Type({"undo", "-y"}), 0);

@@ -188,6 +188,13 @@ TEST_F(Setting, APersonSeesThePlanWhereverTheResultGoes) {
   EXPECT_THAT(err, StartsWith("1 value is written."));
 }
 
+TEST_F(Setting, EachWriteMovesTheBar) {
+  watched = true;
+  EXPECT_EQ(Type({"set", "price.3=1.50", "price.4=2", "-y"}), 0);
+  EXPECT_THAT(err, HasSubstr("\rwriting [###############               ] 1/2"));
+  EXPECT_THAT(err, HasSubstr("\rwriting [##############################] 2/2"));
+}
+
 TEST_F(Setting, AReportThatFindsNoRoomStandsAmongTheErrors) {
   room = 30;
   EXPECT_EQ(Type({"set", "price.3=1.50", "-y"}), 2);

@@ -95,7 +95,7 @@ TEST(SnapshotFile, WithoutValuesIsReadBackEqualToo) {
 
 TEST(SnapshotFile, TextsKeepTheirSignsWhateverTheyAre) {
   Snapshot snapshot = Sample();
-  snapshot.program = "a\"b\\c\n\x01\xC3\xA8";
+  snapshot.program = "a\"b\\c\n\x01\x0F\x1F\xC3\xA8";
   EXPECT_EQ(Parse(SnapshotText(snapshot)).snapshot.program, snapshot.program);
 }
 
@@ -231,7 +231,10 @@ TEST_F(SnapshotOnDisk, WhatIsNoFileIsNotOpened) {
 }
 
 TEST_F(SnapshotOnDisk, AFileOfAnyLengthCostsNoMore) {
-  folder.WriteFile("copy.json", Bytes((std::size_t{4} << 20) + 1, ' '));
+  constexpr std::size_t kMost = std::size_t{4} << 20;
+  folder.WriteFile("copy.json", Bytes(kMost, ' '));
+  EXPECT_EQ(FileText(file).size(), kMost);
+  folder.WriteFile("copy.json", Bytes(kMost + 1, ' '));
   EXPECT_THROW(FileText(file), Failure);
 }
 

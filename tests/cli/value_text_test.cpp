@@ -68,6 +68,7 @@ TEST(TypedValues, AmountsMayHaveFewerDecimals) {
   EXPECT_EQ(Typed("price.1", "1"), 100U);
   EXPECT_EQ(Typed("price.1", "655.35"), 65535U);
   EXPECT_EQ(Typed("price.1", "0001.5"), 150U);
+  EXPECT_EQ(Typed("price.1", "0000000001.5000", 4), 15000U);
   EXPECT_EQ(Typed("price.1", "7", 0), 7U);
   EXPECT_EQ(Typed("price.1", "7", 5), 7U);
 }

@@ -88,8 +88,9 @@ int Workshop::Type(const std::vector<std::string>& arguments) {
   Paper paper(room);
   std::ostream out_stream(&paper);
   std::ostringstream err_stream;
-  cli::Console console({.in = in, .out = out_stream, .err = err_stream, .asks = asks_},
-                       request->quiet);
+  cli::Console console(
+      {.in = in, .out = out_stream, .err = err_stream, .asks = asks_, .watched = watched},
+      request->quiet);
   const auto code = cli::RunCommand({*request, around, catalogue, console});
   out = paper.str();
   err = err_stream.str();

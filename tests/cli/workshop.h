@@ -54,6 +54,7 @@ class Workshop {
   // Called with each frame that goes out, before the board takes it; the first since the last
   // command line is 1.
   std::function<void(int frame, const Bytes& bytes)> on_frame;
+  bool watched = false;  // a person looks at the errors
   std::function<bool()> interrupted = [] { return false; };
 
   int NumberOf(const std::string& name) const { return catalogue.Find(name)->number; }

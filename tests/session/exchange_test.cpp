@@ -111,6 +111,16 @@ TEST_F(Exchanges, ALineThatNeverFallsSilentIsWaitedForTwentyTimesAtMost) {
   EXPECT_EQ(waits, 3 + 2 * 20);
 }
 
+TEST_F(Exchanges, WhatSuchALineSaidLastIsNoPartOfTheNextAnswer) {
+  int waits = 0;
+  Exchange busy(wire, [&](milliseconds, const std::function<bool()>& done) {
+    wire.Deliver(++waits == 22 ? Bytes{44, 1, 45} : Bytes{0, 0, 0, 0, 0});
+    return done();
+  });
+  EXPECT_THAT(busy.Read(kPrice, 2), Optional(ElementsAre(44, 1)));
+  EXPECT_EQ(waits, 22) << "one for each answer, twenty between them";
+}
+
 TEST_F(Exchanges, AVanishedDeviceEndsAllTries) {
   wire.Vanish();
   EXPECT_EQ(exchange.Read(kPrice, 2), std::nullopt);

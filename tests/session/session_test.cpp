@@ -209,5 +209,11 @@ TEST_F(Conversing, ACableThatIsPulledIsTold) {
   EXPECT_TRUE(session.IsLost());
 }
 
+TEST_F(Conversing, AParameterIsFoundByItsAddress) {
+  EXPECT_EQ(session.ParameterAt({.command = 1, .address1 = 0, .address2 = 0, .address3 = 3}), 3);
+  EXPECT_EQ(session.ParameterAt({.command = 1, .address1 = 0, .address2 = 0, .address3 = 10}), 10);
+  EXPECT_EQ(session.ParameterAt({.command = 1, .address1 = 0, .address2 = 0, .address3 = 11}), 0);
+}
+
 }  // namespace
 }  // namespace sorvane::test

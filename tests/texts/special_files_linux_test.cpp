@@ -132,6 +132,17 @@ TEST(SaveFileKinds, ALinkToNothingGetsItsFile) {
   EXPECT_EQ(ReadText(folder, "file"), "new");
 }
 
+TEST(SaveFileKinds, AFileIsReachedOverAsManyLinksAsTheSystemFollows) {
+  const TempFolder folder;
+  WriteText(folder, "0", "old");
+  for (int i = 1; i <= 40; ++i) {
+    fs::create_symlink(std::to_string(i - 1), folder.Path() / std::to_string(i));
+  }
+  SaveFile(folder.Path() / "40", "new");
+  EXPECT_EQ(ReadText(folder, "0"), "new");
+  EXPECT_TRUE(fs::is_symlink(folder.Path() / "1"));
+}
+
 TEST(SaveFileKinds, ALinkInACircleIsAnErrorAndStays) {
   const TempFolder folder;
   fs::create_symlink("f", folder.Path() / "f");

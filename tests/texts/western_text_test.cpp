@@ -53,6 +53,11 @@ TEST(WesternText, ANameOutsideTheSetHasNoWesternForm) {
   EXPECT_EQ(PathToWestern(u8"Русский"), std::nullopt);
 }
 
+TEST(WesternText, TheCharactersInPlaceOfOwnOnesAreOutsideTheSet) {
+  EXPECT_EQ(PathToWestern(u8"\u0080"), std::nullopt);
+  EXPECT_EQ(PathToWestern(u8"\u007F"), "\x7F");
+}
+
 TEST(WesternText, ANameThatIsNoTextHasNoWesternForm) {
   EXPECT_EQ(PathToWestern(test::NameThatIsNoText()), std::nullopt);
 }

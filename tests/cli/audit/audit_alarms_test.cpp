@@ -129,5 +129,12 @@ TEST(AuditAlarmsTest, RecordWithoutATimeOfTheDayHasNoTime) {
   EXPECT_TRUE(alarms.alarms.at(2).time);
 }
 
+TEST(AuditAlarmsTest, LastMinuteOfTheDayIsATime) {
+  Snapshot machine = ThreeAlarms();
+  Put(machine, "alarm.1.hour", 23);
+  Put(machine, "alarm.1.minute", 59);
+  EXPECT_EQ(TimeText(AlarmsOf(machine).alarms.front().time.value()), "23:59");
+}
+
 }  // namespace
 }  // namespace sorvane::test

@@ -77,6 +77,13 @@ TEST(AuditDataTest, SelectionThatHasVendedIsToldWhateverTheMachineHasNow) {
   EXPECT_EQ(Gathered(machine).motors.size(), 7U);
 }
 
+TEST(AuditDataTest, MotorWithoutASelectionAndWithoutACountIsNotTold) {
+  Snapshot machine = SixSelections();
+  std::erase_if(machine.values,
+                [](const HeldValue& held) { return held.name == "motor-blocks.8"; });
+  EXPECT_EQ(Gathered(machine).motors.size(), 6U);
+}
+
 TEST(AuditDataTest, AllTenSelectionsAreToldWhereTheirNumberIsNotKnown) {
   Snapshot machine = SixSelections();
   Drop(machine, "selections");

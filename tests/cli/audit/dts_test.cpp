@@ -125,10 +125,10 @@ TEST(DtsTest, AlarmWithoutAnEventCodeIsLeftOut) {
 
 TEST(DtsTest, WhatDividesFieldsCannotStandWithinOne) {
   AuditData data = Gathered(Machine());
-  data.alarms->front().event = "A*B\r\nC\xC3\xA8<";
+  data.alarms->front().event = "A*B\r\nC\xC3\xA8<~";
   const DtsFile file = ReadDts(AuditDts(data));
   EXPECT_THAT(file.faults, IsEmpty());
-  EXPECT_EQ(file.Named("EA1").front().at(1), "A B  C  <");
+  EXPECT_EQ(file.Named("EA1").front().at(1), "A B  C  <~");
 }
 
 TEST(DtsTest, SumAndCountHoldForAnyFields) {
