@@ -70,13 +70,12 @@ void FrmSer::OnStep() {
     case Stage::kWaiting:
       if (state_.LinkIdle || state_.IdentifyTimeout) Guarded([this] { EndWait(); });
       return;
-    case Stage::kLoading:
-      LoadSecondLevelFile();
-      return;
     case Stage::kUnloaded:
     case Stage::kBox:
     case Stage::kStanding:
       return;
+    case Stage::kLoading:
+      LoadSecondLevelFile();
   }
 }
 

@@ -199,6 +199,7 @@ struct Undoing : Restoring {};
 TEST_F(Undoing, TheLastChangeIsTakenBackAndTakingThatBackBringsItAgain) {
   EXPECT_EQ(Type({"set", "price.3=2.00", "machine.number=9", "-y"}), 0);
   EXPECT_EQ(Type({"undo", "-y"}), 0);
+  EXPECT_THAT(err, HasSubstr("putting back " + (data.Path() / "copies").string()));
   EXPECT_EQ(Board("price.3"), 100U);
   EXPECT_EQ(Board("machine.number"), 7U);
   EXPECT_EQ(Type({"undo", "-y"}), 0);
