@@ -76,6 +76,15 @@ class ManualTest(unittest.TestCase):
                 self.assertIsNotNone(section, f"{language}: no section {title}")
                 self.assertIn(f"({picture_of(form, language)})", section, title)
 
+    def test_every_page_has_an_anchor_above_its_heading_that_both_languages_share(self):
+        for language, document in self.manuals.items():
+            text = document.path.read_text(encoding="utf-8")
+            anchors = dict(re.findall(r'^<a id="(\w+)"></a>\n\n#+ (.+)$', text, re.MULTILINE))
+            pages = self.in_language(language)["pages"]
+            self.assertEqual(anchors.keys(), pages.keys(), language)
+            for form, heading in anchors.items():
+                self.assertTrue(f"{heading} ".startswith(f"{pages[form]} "), heading)
+
     def test_every_range_that_is_told_is_that_of_the_bar(self):
         for language, document in self.manuals.items():
             seen = set()

@@ -65,6 +65,12 @@ class ManualPagesTest(unittest.TestCase):
         self.assertGreater(len(levels[0]), 30)
         self.assertEqual(levels[0], levels[1])
 
+    def test_both_pages_have_the_same_anchors_of_the_programs_pages(self):
+        forms = [[name for name in page.ids if name.startswith("Frm")]
+                 for page in self.pages.values()]
+        self.assertGreater(len(forms[0]), 10)
+        self.assertEqual(forms[0], forms[1])
+
     def test_everything_that_a_page_names_is_in_the_folder(self):
         for language, page in self.pages.items():
             self.assertIn("style.css", page.targets)
