@@ -1,4 +1,5 @@
-"""The how-tos, followed word by word, and what the simulated board says of itself."""
+"""The how-tos, followed word by word, and what the simulated board says of itself. That for training
+is played by the end-to-end tests."""
 
 import os
 import pathlib
@@ -95,9 +96,6 @@ class HowTos(ProgramFolder):
 
     def test_a_translation_is_made_as_told(self):
         self.follow("translation.md")
-
-    def test_the_simulated_board_is_a_partner_as_told(self):
-        self.follow("training.md")
 
     def test_the_page_that_is_told_is_the_page_that_is_built(self):
         built = ROOT / "tests" / "docs" / "howto"

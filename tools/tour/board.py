@@ -30,11 +30,12 @@ class Board(offspring.Running):
             [str(folder / "SorvaneBoard"), *arguments], env=environment, text=True,
             encoding="utf-8", errors="surrogateescape", stdin=subprocess.PIPE,
             stdout=subprocess.PIPE, stderr=subprocess.STDOUT))
+        self._answers = queue.Queue()
+        self._readings = collections.deque(maxlen=MOST_READINGS)
         first = self._process.stdout.readline().rstrip("\n")
         if not first.startswith("line "):
             raise RuntimeError(f"the board doesn't start: {first}")
-        self._answers = queue.Queue()
-        self._readings = collections.deque(maxlen=MOST_READINGS)
+        self._hear(first)
         threading.Thread(target=self._read, daemon=True).start()
 
     def _read(self):
@@ -43,7 +44,8 @@ class Board(offspring.Running):
         self._answers.put(None)
 
     def _hear(self, line):
-        """Takes a line that the board has printed; called by the thread that reads them."""
+        """Takes a line that the board has printed; called at the start for the first one, and then
+        by the thread that reads them."""
         if line.startswith("read "):
             self._readings.append(line.split("=")[0])
         elif not line.startswith(EXCHANGE):
