@@ -1,6 +1,7 @@
 """The technician's manual tells of the whole program, in both languages alike."""
 
 import json
+import math
 import os
 import pathlib
 import re
@@ -37,6 +38,29 @@ def told_ranges(line, bars, language):
     if len(captions) == len(ranges):
         return list(zip(captions, ranges))
     return [(caption, told) for caption in captions for told in ranges]
+
+
+def polled(table):
+    """How many values the pages of what the machine has counted ask for over and over, and how many
+    that of the alarms asks for once, by the words of their names."""
+    rows = [[cell.strip() for cell in line.split("|")] for line in
+            (ROOT / "data" / "index" / table).read_text(encoding="ascii").splitlines()
+            if line[:1].isdigit()]
+    again = [name for _, name, _, _, divider, *_ in rows
+             if int(divider, 0) and "decimals" not in name]
+    coins, notes = (len([name for name in again if name.startswith(f"{kind} taken")])
+                    for kind in ("coins", "banknotes"))
+    alarms = [name for _, name, *_ in rows if "alarm" in name]
+    return {"coins": coins, "notes": notes, "counters": len(again) - coins - notes,
+            "alarms": len(alarms)}
+
+
+def longest_wait(values):
+    """Seconds at most until a typed value goes out: it waits for all values that are asked for in
+    one go, for the decimals, for the end of the pass and for the tick."""
+    source = (ROOT / "src" / "link" / "frm_ser.cpp").read_text(encoding="utf-8")
+    tick = int(re.search(r"kTick\{(\d+)\}", source)[1])  # milliseconds
+    return math.ceil((values + 3) * tick / 100) / 10
 
 
 def structure(document):
@@ -97,6 +121,30 @@ class ManualTest(unittest.TestCase):
                         seen.add((form, caption))
                         self.assertIn(bars[caption], raw_ranges(*told), f"{language}: {line}")
             self.assertEqual(len(seen), RANGES, language)
+
+    def test_a_typed_value_waits_no_longer_than_told(self):
+        for table in ("W0309AA00.txt", "W0309AA07.txt"):
+            count = polled(table)
+            self.assertEqual(count["coins"], count["notes"])
+            pages = (0, count["coins"], count["counters"],
+                     count["coins"] + count["notes"] + count["counters"], count["alarms"])
+            waits = [f"{longest_wait(values):.1f} s" for values in pages]
+            for language, document in self.manuals.items():
+                told = [row[1].replace(",", ".") for row in document.rows
+                        if re.fullmatch(r"\d[.,]\d s", row[1])]
+                self.assertEqual(told, waits, language)
+
+    def test_the_folders_and_the_first_language_are_those_of_the_packages(self):
+        launcher = (ROOT / "packaging" / "linux" / "sorvane").read_text(encoding="ascii")
+        setup = (ROOT / "packaging" / "windows" / "NSIS.template.in").read_text(encoding="ascii")
+        below, name = re.search(r"own=\$\{XDG_DATA_HOME:-\$HOME/(.+?)\}(/\S+)", launcher).groups()
+        in_local = re.search(r'InstallDir "\$LOCALAPPDATA(.+)"', setup)[1]
+        folders = (f"`~/{below}{name}`", f"`%LOCALAPPDATA%{in_local}`")
+        for document in self.manuals.values():
+            for folder in folders:
+                self.assertTrue(any(row[1].startswith(folder) for row in document.rows), folder)
+        settings = (ROOT / "data" / "Sorvane.ini").read_text(encoding="ascii")
+        self.assertIn("Lingua=Italiano\n", settings)
 
     def test_no_caption_is_quoted_that_the_program_does_not_show(self):
         for language, document in self.manuals.items():
