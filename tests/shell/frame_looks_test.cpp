@@ -5,6 +5,8 @@
 #include <QLabel>
 #include <QPalette>
 #include <QStatusBar>
+#include <QTest>
+#include <cmath>
 
 #include "shell/controls/shades.h"
 #include "shell/frame/background.h"
@@ -53,13 +55,26 @@ TEST_F(PanelsTest, TheLampsStandAtTheRightAndTheTextTakesTheRest) {
   EXPECT_LE(Panel(1).left(), 2 * character);
   EXPECT_GE(Panel(1).left(), character);
   for (int lamp = 2; lamp <= 4; ++lamp) {
-    EXPECT_GE(Panel(lamp).width(), 17);
-    EXPECT_LE(Panel(lamp).width(), 24);
+    EXPECT_NEAR(Panel(lamp).width(), 1.5 * bar.fontMetrics().height(), 1);
     EXPECT_GT(Panel(lamp).left(), Panel(lamp - 1).right());
     EXPECT_LE(Panel(lamp).left(), Panel(lamp - 1).right() + 2 * character);
   }
   EXPECT_LE(bar.width() - Panel(4).right(), 3 * character);
   EXPECT_GE(bar.width() - Panel(4).right(), character);
+}
+
+TEST_F(PanelsTest, TheLampsGrowWithTheLetters) {
+  QFont large = bar.font();
+  large.setPointSizeF(2.5 * large.pointSizeF());
+  bar.setFont(large);
+  const double edge = 1.5 * bar.fontMetrics().height();
+  for (int lamp = 2; lamp <= 4; ++lamp) {
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+      return std::abs(Panel(lamp).width() - edge) <= 1 &&
+             std::abs(Panel(lamp).height() - edge) <= 1;
+    })) << Panel(lamp).width()
+        << " by " << Panel(lamp).height();
+  }
 }
 
 TEST_F(PanelsTest, ALampIs17PixelsWideAtLeast) {

@@ -3,7 +3,6 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
-#include <QPainter>
 
 #include "board/reply.h"
 #include "shell/controls/value_label.h"
@@ -22,10 +21,9 @@ class ValueBox : public ValueLabel {
   explicit ValueBox(QWidget* parent) : ValueLabel(kWidest, parent) {
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     setFocusPolicy(Qt::StrongFocus);
-    setFrameStyle(QFrame::Panel | QFrame::Sunken);
+    setFrameStyle(QFrame::Panel);
     setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    setBackgroundRole(QPalette::Base);
-    setAutoFillBackground(true);
+    setAutoFillBackground(true);  // or what lies below it would be painted with each value
     FixSize();
   }
 
@@ -35,10 +33,6 @@ class ValueBox : public ValueLabel {
     setAttribute(Qt::WA_UpdatesDisabled);
     ValueLabel::paintEvent(event);
     setAttribute(Qt::WA_UpdatesDisabled, false);
-    if (!hasFocus()) return;
-    QPainter painter(this);
-    painter.setPen(palette().color(QPalette::Highlight));
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
   }
 };
 

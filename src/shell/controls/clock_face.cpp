@@ -86,9 +86,7 @@ void ClockFace::paintEvent(QPaintEvent*) {
   const QColor ground = palette().color(QPalette::Base);
   const QColor lit = palette().color(QPalette::Text);
   const QColor unlit = Mix(ground, lit, 0.08);
-  painter.setPen(QPen(Outline(), 1));
-  painter.setBrush(ground);
-  painter.drawRect(HairlineRect(rect()));
+  DrawBox(painter, rect(), Outline(), ground);
 
   const qreal border = 2 * Margin() + Unit();
   const qreal digit = std::min(rect().height() - border, (rect().width() - border) / kTotalWidth);

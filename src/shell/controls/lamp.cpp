@@ -52,7 +52,7 @@ void Lamp::SetImage(int image) {
 
 bool Lamp::IsLit() const { return image_ > kKinds; }
 
-QSize Lamp::sizeHint() const { return QSizeF(1.2 * Unit(), 1.2 * Unit()).toSize(); }
+QSize Lamp::sizeHint() const { return QSizeF(1.5 * Unit(), 1.5 * Unit()).toSize(); }
 
 void Lamp::paintEvent(QPaintEvent*) {
   if (image_ == 0) return;
@@ -62,7 +62,7 @@ void Lamp::paintEvent(QPaintEvent*) {
   const qreal radius = std::min(rect().width(), rect().height()) / 2.0 - Margin() / 2;
   painter.translate(QRectF(rect()).center());
   painter.scale(radius, radius);
-  const qreal line = 1.2 / radius;
+  const qreal line = std::max(1.2, Unit() / 11) / radius;
   const QColor edge = palette().color(QPalette::WindowText);
   painter.setPen(
       QPen(IsLit() ? edge : Outline(), line, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));

@@ -5,6 +5,9 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPen>
+#include <QRegion>
+#include <QTransform>
+#include <QtMath>
 #include <algorithm>
 #include <cmath>
 
@@ -70,6 +73,20 @@ QRectF HairlineRect(const QRectF& area) {
   const qreal top = std::ceil(area.top());
   return {left + 0.5, top + 0.5, std::floor(area.right()) - left - 1,
           std::floor(area.bottom()) - top - 1};
+}
+
+void DrawBox(QPainter& painter, const QRectF& area, const QColor& line, const QBrush& inside) {
+  const QTransform to_screen = painter.deviceTransform();
+  const QRectF scaled = to_screen.mapRect(area);
+  const QPoint corner(qRound(scaled.left()), qRound(scaled.top()));
+  const QRect box(corner, QPoint(qRound(scaled.right()) - 1, qRound(scaled.bottom()) - 1));
+  const int width = std::max(1, qFloor(to_screen.m11()));
+  const QRect room = box.adjusted(width, width, -width, -width);
+  painter.save();
+  painter.setTransform(to_screen.inverted(), true);
+  for (const QRect& side : QRegion(box).subtracted(room)) painter.fillRect(side, line);
+  painter.fillRect(room, inside);
+  painter.restore();
 }
 
 QColor Mix(const QColor& first, const QColor& second, double share) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QBrush>
 #include <QColor>
 #include <QRectF>
 #include <QWidget>
@@ -50,6 +51,11 @@ class PaintedControl : public QWidget {
 
 // The rectangle on which a pen one pixel wide draws without blur: within area.
 QRectF HairlineRect(const QRectF& area);
+
+// A box with a hairline around it, filled or hollow. The line is as wide on all sides at every
+// scale factor: it is drawn in whole pixels of the screen.
+void DrawBox(QPainter& painter, const QRectF& area, const QColor& line,
+             const QBrush& inside = Qt::NoBrush);
 
 // first and second mixed; a share of 0 is all first, 1 all second.
 QColor Mix(const QColor& first, const QColor& second, double share);

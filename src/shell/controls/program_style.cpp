@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QFontMetrics>
+#include <QFrame>
 #include <QLineF>
 #include <QPainter>
 #include <QPalette>
@@ -10,6 +11,7 @@
 #include <QWidget>
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 #include "shell/controls/painted_control.h"
 
@@ -23,11 +25,47 @@ constexpr double kDown = 0.4;        // between two rows
 constexpr double kFrameTitle = 1.2;  // what stands above a frame
 constexpr double kTitleBar = 1.6;    // of a child window
 
-constexpr double kFrameInk = 0.2;  // share of the text's colour in a frame's
+// Shares of the text's colour in a line's.
+constexpr double kFrameInk = 0.2;
+constexpr double kReadingInk = 0.35;  // around what can only be read
+
+// The least contrast of a closed text with its ground, as the accessibility guidelines of the web
+// count it. They ask for 3 of what must be seen; thin letters have less of it than their colour,
+// and the tabs at the back are darker than the rest.
+constexpr double kClosedContrast = 4;
+constexpr double kNearer = 0.05;  // a step from the colour of closed text to that of open text
 
 int Lines(double lines, const QWidget* widget) {
   const QFontMetrics metrics(widget == nullptr ? QApplication::font() : widget->font());
   return qRound(lines * metrics.height());
+}
+
+double Luminance(const QColor& color) {
+  const auto linear = [](double channel) {
+    return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
+  };
+  return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
+         0.0722 * linear(color.blueF());
+}
+
+bool CanBeRead(const QColor& ink, const QColor& ground) {
+  const auto [darker, lighter] = std::minmax({Luminance(ink), Luminance(ground)});
+  return lighter + 0.05 >= kClosedContrast * (darker + 0.05);
+}
+
+// A field that can't be edited, unless it has a colour of its own: that is a word to the user.
+bool IsLockedField(QStyle::PrimitiveElement element, const QStyleOption& option,
+                   const QWidget* field) {
+  return element == QStyle::PE_PanelLineEdit && (option.state & QStyle::State_ReadOnly) != 0 &&
+         (field == nullptr || !field->testAttribute(Qt::WA_SetPalette));
+}
+
+void DrawFrame(QPainter& painter, const QStyleOption& option, double ink) {
+  const QPalette& palette = option.palette;
+  const QColor line =
+      Mix(palette.color(QPalette::Window), palette.color(QPalette::WindowText), ink);
+  const bool focused = (option.state & QStyle::State_HasFocus) != 0;
+  DrawBox(painter, option.rect, focused ? palette.color(QPalette::Highlight) : line);
 }
 
 // A button of a child window's bar and the strokes of its sign, in a square from -1 to 1.
@@ -67,6 +105,25 @@ void DrawTitleButton(QPainter& painter, const QStyleOptionTitleBar& bar, const T
 
 ProgramStyle::ProgramStyle() : QProxyStyle("Fusion") {}
 
+void ProgramStyle::polish(QPalette& palette) {
+  QProxyStyle::polish(palette);
+  for (const auto text : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+    const QColor open = palette.color(QPalette::Active, text);
+    const QColor closed = palette.color(QPalette::Disabled, text);
+    QColor ink = closed;
+    double share = 0;
+    for (const auto behind : {QPalette::Window, QPalette::Base, QPalette::Button}) {
+      const QColor ground = palette.color(QPalette::Disabled, behind);
+      if (!CanBeRead(open, ground)) continue;  // nothing of that colour stands there
+      while (!CanBeRead(ink, ground)) {
+        share = std::min(share + kNearer, 1.0);
+        ink = Mix(closed, open, share);
+      }
+    }
+    palette.setColor(QPalette::Disabled, text, ink);
+  }
+}
+
 int ProgramStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
                               const QWidget* widget) const {
   switch (metric) {
@@ -88,15 +145,23 @@ int ProgramStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
 
 void ProgramStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
                                  QPainter* painter, const QWidget* widget) const {
-  if (element != PE_FrameGroupBox) {
+  if (element == PE_FrameGroupBox) {
+    DrawFrame(*painter, *option, kFrameInk);
+  } else if (IsLockedField(element, *option, widget)) {
+    DrawFrame(*painter, *option, kReadingInk);
+  } else {
     QProxyStyle::drawPrimitive(element, option, painter, widget);
-    return;
   }
-  const QPalette& palette = option->palette;
-  painter->setPen(
-      Mix(palette.color(QPalette::Window), palette.color(QPalette::WindowText), kFrameInk));
-  painter->setBrush(Qt::NoBrush);
-  painter->drawRect(HairlineRect(option->rect));
+}
+
+void ProgramStyle::drawControl(ControlElement element, const QStyleOption* option,
+                               QPainter* painter, const QWidget* widget) const {
+  const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
+  if (element == CE_ShapedFrame && frame != nullptr && frame->frameShape == QFrame::Panel) {
+    DrawFrame(*painter, *option, kReadingInk);
+  } else {
+    QProxyStyle::drawControl(element, option, painter, widget);
+  }
 }
 
 void ProgramStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,

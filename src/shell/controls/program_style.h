@@ -12,12 +12,21 @@ class ProgramStyle : public QProxyStyle {
  public:
   ProgramStyle();
 
+  using QProxyStyle::polish;
+  // Sees to it that what is closed can be read: where the desktop's own colour of closed text is
+  // too near to its ground, it is brought nearer to that of open text.
+  void polish(QPalette& palette) override;
+
   int pixelMetric(PixelMetric metric, const QStyleOption* option,
                   const QWidget* widget) const override;
 
-  // A hairline around what belongs together, seen on light and dark alike.
+  // A hairline around what belongs together, seen on light and dark alike; the same around what can
+  // only be read, without the ground of a field: a locked field, and a label with a panel's frame.
   void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override;
+
+  void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                   const QWidget* widget) const override;
 
   // The buttons of a child window, in the size of its bar.
   void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,

@@ -73,6 +73,28 @@ TEST(Lamp, NoTwoImagesLookAlikeWithoutColour) {
   }
 }
 
+// Of the pixels of two lamps that are lit, so many share of all differ in whether they are drawn
+// on.
+TEST(Lamp, ShapesDifferInTheirOwnSize) {
+  Lamp lamp(nullptr);
+  lamp.resize(lamp.sizeHint());
+  std::vector<QImage> drawn;
+  for (int image = 4; image <= 6; ++image) {
+    lamp.SetImage(image);
+    drawn.push_back(Outline(lamp));
+  }
+  const auto difference = [](const QImage& one, const QImage& other) {
+    int differing = 0;
+    for (int y = 0; y < one.height(); ++y) {
+      for (int x = 0; x < one.width(); ++x) differing += one.pixel(x, y) != other.pixel(x, y);
+    }
+    return static_cast<double>(differing) / (one.width() * one.height());
+  };
+  EXPECT_GT(difference(drawn[0], drawn[1]), 0.25);
+  EXPECT_GT(difference(drawn[0], drawn[2]), 0.25);
+  EXPECT_GT(difference(drawn[1], drawn[2]), 0.25);
+}
+
 TEST(Lamp, IsHollowAtRestAndFilledWhenLit) {
   Lamp lamp(nullptr);
   lamp.resize(lamp.sizeHint() * 2);

@@ -2,13 +2,20 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QFontMetrics>
 #include <QGroupBox>
 #include <QImage>
+#include <QLabel>
+#include <QLineEdit>
 #include <QPainter>
+#include <QPalette>
 #include <QStyleOption>
+#include <QTest>
 #include <QWidget>
+#include <utility>
 
+#include "shell/controls/painted_control.h"
 #include "shell/controls/shades.h"
 
 namespace sorvane {
@@ -84,6 +91,144 @@ TEST_F(ProgramStyleTest, FrameIsSeenOnLightAndDark) {
     }
     EXPECT_EQ(picture.pixelColor(20, 10), ground);
   }
+}
+
+// A desktop's colours.
+QPalette Colours(const QColor& ground, const QColor& field, const QColor& open,
+                 const QColor& closed) {
+  QPalette palette;
+  for (const auto role : {QPalette::Window, QPalette::Button}) palette.setColor(role, ground);
+  palette.setColor(QPalette::Base, field);
+  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+    palette.setColor(role, open);
+    palette.setColor(QPalette::Disabled, role, closed);
+  }
+  return palette;
+}
+
+TEST_F(ProgramStyleTest, ClosedTextIsDarkerThanADesktopHasItWhereItCouldntBeRead) {
+  QPalette palette = Colours(QColor(240, 240, 240), Qt::white, Qt::black, QColor(200, 200, 200));
+  style.polish(palette);
+  // 4 to 1 on the darker of the two grounds, and no more than a step beyond.
+  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+    const QColor closed = palette.color(QPalette::Disabled, role);
+    EXPECT_LE(closed.red(), 121) << role;
+    EXPECT_GE(closed.red(), 105) << role;
+    EXPECT_EQ(palette.color(QPalette::Active, role), QColor(Qt::black)) << role;
+  }
+}
+
+TEST_F(ProgramStyleTest, ClosedTextIsBrighterThanADarkDesktopHasItWhereItCouldntBeRead) {
+  QPalette palette = Colours(QColor(50, 50, 50), QColor(25, 25, 25), Qt::white, QColor(80, 80, 80));
+  style.polish(palette);
+  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+    const QColor closed = palette.color(QPalette::Disabled, role);
+    EXPECT_GE(closed.red(), 142) << role;
+    EXPECT_LE(closed.red(), 155) << role;
+  }
+}
+
+TEST_F(ProgramStyleTest, ClosedTextStaysAsTheDesktopHasItWhereItCanBeRead) {
+  const QColor readable(90, 100, 90);
+  QPalette palette = Colours(QColor(240, 240, 240), Qt::white, Qt::black, readable);
+  style.polish(palette);
+  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+    EXPECT_EQ(palette.color(QPalette::Disabled, role), readable) << role;
+  }
+}
+
+// White fields on a dark window: neither colour of text can stand on the other's ground.
+TEST_F(ProgramStyleTest, ClosedTextIsMeasuredOnTheGroundsOfOpenText) {
+  QPalette palette = Colours(QColor(30, 30, 30), Qt::white, Qt::white, QColor(60, 60, 60));
+  palette.setColor(QPalette::Text, Qt::black);
+  palette.setColor(QPalette::Disabled, QPalette::Text, QColor(220, 220, 220));
+  style.polish(palette);
+  EXPECT_GE(palette.color(QPalette::Disabled, QPalette::WindowText).red(), 120);
+  EXPECT_LE(palette.color(QPalette::Disabled, QPalette::Text).red(), 130);
+}
+
+TEST_F(ProgramStyleTest, LinesOfABoxAreAsWideOnAllSidesAtEveryScale) {
+  for (const auto& [scale, width] :
+       {std::pair{1.0, 1}, std::pair{1.25, 1}, std::pair{1.5, 1}, std::pair{2.0, 2}}) {
+    for (int at = 1; at <= 8; ++at) {
+      QImage picture(120, 120, QImage::Format_RGB32);
+      picture.setDevicePixelRatio(scale);
+      picture.fill(Qt::white);
+      QPainter painter(&picture);
+      painter.translate(at, at);
+      DrawBox(painter, QRectF(0, 0, 30, 30 + at), Qt::black, Qt::green);
+      const auto line = [&](bool across) {
+        QString colours;
+        for (int i = 0; i < 120; ++i) {
+          const QColor color = across ? picture.pixelColor(i, 25) : picture.pixelColor(25, i);
+          const QChar shade = color == Qt::black   ? '#'
+                              : color == Qt::green ? '.'
+                              : color == Qt::white ? ' '
+                                                   : '?';
+          if (!colours.endsWith(shade) || shade == '#') colours += shade;
+        }
+        return colours;
+      };
+      const QString edge(width, '#');
+      EXPECT_EQ(line(true), ' ' + edge + '.' + edge + ' ') << scale << " " << at;
+      EXPECT_EQ(line(false), ' ' + edge + '.' + edge + ' ') << scale << " " << at;
+    }
+  }
+}
+
+struct LockedField : ProgramStyleTest {
+  LockedField() {
+    QPalette colours;
+    colours.setColor(QPalette::Window, QColor(200, 220, 200));
+    colours.setColor(QPalette::Base, Qt::white);
+    colours.setColor(QPalette::Highlight, Qt::blue);
+    form.setPalette(colours);
+    form.resize(100, 40);
+    field->setGeometry(10, 5, 80, 30);
+    field->setReadOnly(true);
+  }
+  QColor At(int x, int y) { return form.grab().toImage().pixelColor(x, y); }
+
+  QWidget form;
+  QLineEdit* field = new QLineEdit(&form);
+};
+
+TEST_F(LockedField, HasALineAroundAndNoGround) {
+  EXPECT_EQ(At(50, 20), QColor(200, 220, 200));
+  for (const QPoint& edge : {QPoint(10, 20), QPoint(89, 20), QPoint(50, 5), QPoint(50, 34)}) {
+    EXPECT_LT(At(edge.x(), edge.y()).lightness(), 160);
+  }
+  field->setReadOnly(false);
+  EXPECT_EQ(At(50, 20), QColor(Qt::white));
+}
+
+TEST_F(LockedField, HasTheLineOfALabelThatShowsAValue) {
+  QLabel label(&form);
+  label.setFrameShape(QFrame::Panel);
+  label.setGeometry(field->geometry());
+  const QImage picture = form.grab().toImage();
+  label.hide();
+  EXPECT_EQ(form.grab().toImage(), picture);
+}
+
+TEST_F(LockedField, HasTheGroundThatItIsGiven) {
+  QPalette red;
+  red.setColor(QPalette::Base, Qt::red);
+  field->setPalette(red);
+  EXPECT_EQ(At(50, 20), QColor(Qt::red));
+  field->setPalette(QPalette());
+  EXPECT_EQ(At(50, 20), QColor(200, 220, 200));
+}
+
+TEST_F(LockedField, ShowsTheFocus) {
+  form.setFocusPolicy(Qt::StrongFocus);
+  form.show();
+  form.activateWindow();
+  form.setFocus();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == &form; }));
+  EXPECT_NE(At(10, 20), QColor(Qt::blue));
+  field->setFocus();
+  EXPECT_EQ(At(10, 20), QColor(Qt::blue));
 }
 
 // The bar of a child window in letters of a size.
