@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "pages/letters.h"
+#include "shell/controls/bar.h"
 #include "shell/controls/tab_pages.h"
 #include "shell/page/child_form.h"
 #include "shell/program.h"
@@ -61,6 +62,22 @@ TEST_F(PlaceTest, ColumnsOfFieldsStandFurtherApartThanTheirControls) {
     EXPECT_EQ(RoomBetween(columns.end, columns.next),
               RoomBetween(columns.caption, columns.value) + two_characters)
         << columns.form;
+  }
+}
+
+// A click beside the thumb writes: a small target, in a window of any size.
+TEST_F(PlaceTest, TheBarsOfAmountsAreShortInAnyWindow) {
+  for (const auto& [entry, name] :
+       {std::pair{"MnuPrezzi", "FrmPrezzi"}, std::pair{"MnuSconti", "FrmSconti"}}) {
+    Open(entry, name);
+    QWidget& window = *form->parentWidget();
+    for (const QSize& more : {QSize(0, 0), QSize(200, 100)}) {
+      window.resize(window.size() + more);
+      QCoreApplication::processEvents();
+      for (const Bar* bar : form->findChildren<Bar*>()) {
+        EXPECT_EQ(bar->width(), 16 * form->fontMetrics().averageCharWidth());
+      }
+    }
   }
 }
 

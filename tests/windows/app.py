@@ -223,7 +223,7 @@ class App:
         if frame is None:
             return False
         right, bottom = frame.width, frame.height
-        corner = self.picture(frame).crop((right - 100, bottom - 30, right, bottom))
+        corner = self.picture(frame).crop((right - 120, bottom - 36, right, bottom))
         return list(corner.getdata()).count(LAMPS[name]) >= LAMP_SIZE
 
     # The end.

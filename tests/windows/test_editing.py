@@ -27,11 +27,11 @@ class Editing(Scene):
         self.connect()
         self.open(DISCOUNTS, 10)
         self.board.wait_round()  # what is typed while the program reads it is lost
-        self.app.type_into(2, 5, "0.4")
+        self.app.type_into(2, 3, "0.4")
         self.app.wait_text(2, "0.40")
         self.take_picture("discount")
         self.assertEqual(self.board.holds(45), 40)
-        self.app.type_into(3, 2, "abc")
+        self.app.type_into(3, 1, "abc")
         self.assertEqual(self.app.box(),
                          Box("Error", ["Please Insert Only Number"], ["OK"], "red"))
         self.take_picture("garbage")
@@ -49,7 +49,7 @@ class Editing(Scene):
         self.open(PRICES, 20)
         self.take_picture("prices")
         self.app.wait_text(3, "150")
-        self.app.type_into(3, 7, "175")
+        self.app.type_into(3, 4, "175")
         self.wait_held(26, 175)
         self.wait_held(394, 175)
         self.app.wait_text(3, "175")

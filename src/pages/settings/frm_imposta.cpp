@@ -95,6 +95,7 @@ void FrmImposta::LayOut() {
   ends->addWidget(switch_);
   ends->addWidget(yes_);
   ends->addStretch();
+  QWidget::setTabOrder(fields_.At(fields_.Count() - 1).Box(), switch_);  // which stands below it
   grid->addWidget(switch_label_, kSwitchRow, 0);
   grid->addLayout(ends, kSwitchRow, 1, 1, 2);
 }

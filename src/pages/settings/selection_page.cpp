@@ -24,7 +24,11 @@ void SelectionPage::LayOut() {
   auto* grid = new QGridLayout(this);
   int cell = 0;
   for (const auto& column : columns_) {
-    column->LayOut(*grid, {.column = cell, .rows_per_column = single ? kRows / 2 : kRows});
+    // A click beside the thumb writes an amount that nobody has typed: there is little room for it.
+    column->LayOut(*grid, {.column = cell,
+                           .rows_per_column = single ? kRows / 2 : kRows,
+                           .bar_characters = page_size::kShortBar,
+                           .bars_grow = false});
     cell += FieldGroup::kCellsPerColumn;
   }
 }

@@ -172,12 +172,12 @@ int Bar::PositionOfDrag() const {
 Bar::Part Bar::PartAt(const QPoint& point) const {
   if (!rect().contains(point)) return Part::kNone;
   const Layout layout = LayOut(position_);
-  const qreal x = point.x() + 0.5;  // middle of the pixel
-  if (x < layout.less.right()) return Part::kLess;
-  if (x < layout.thumb.left()) return Part::kTroughLess;
-  if (x < layout.thumb.right()) return Part::kThumb;
-  if (x < layout.trough.right()) return Part::kTroughMore;
-  return Part::kMore;
+  const QPointF middle = QPointF(point) + QPointF(0.5, 0.5);
+  if (middle.x() < layout.less.right()) return Part::kLess;
+  if (middle.x() >= layout.trough.right()) return Part::kMore;
+  if (middle.x() >= layout.thumb.left() && middle.x() < layout.thumb.right()) return Part::kThumb;
+  if (middle.y() < layout.trough.top() || middle.y() >= layout.trough.bottom()) return Part::kNone;
+  return middle.x() < layout.thumb.left() ? Part::kTroughLess : Part::kTroughMore;
 }
 
 }  // namespace sorvane

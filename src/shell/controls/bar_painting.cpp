@@ -20,11 +20,13 @@ Bar::Layout Bar::LayOut(int shown) const {
   const int span = maximum_ - minimum_;
   // One size on every bar: it tells the value, not how much of a range is in view.
   const qreal thumb = std::round(std::min(button, room / 2));
+  // Lower than the rest, so that a click that misses a button hits nothing.
+  const qreal above = std::round(area.height() / 4);
   const qreal offset = span == 0 ? 0 : std::round((room - thumb) * (shown - minimum_) / span);
 
   Layout layout;
   layout.less = QRectF(area.left(), area.top(), button, area.height());
-  layout.trough = QRectF(layout.less.right(), area.top(), room, area.height());
+  layout.trough = QRectF(layout.less.right(), area.top() + above, room, area.height() - 2 * above);
   layout.more = QRectF(layout.trough.right(), area.top(), button, area.height());
   layout.thumb = QRectF(layout.trough.left() + offset, area.top(), thumb, area.height());
   return layout;
@@ -32,9 +34,7 @@ Bar::Layout Bar::LayOut(int shown) const {
 
 void Bar::DrawButton(QPainter& painter, const QRectF& area, Part part, int direction) const {
   const QColor face = palette().color(QPalette::Button);
-  painter.setPen(QPen(Outline(), 1));
-  painter.setBrush(pressed_ == part ? Mix(face, Accent(), 0.5) : face);
-  painter.drawRect(HairlineRect(area));
+  DrawBox(painter, area, Outline(), pressed_ == part ? Mix(face, Accent(), 0.5) : face);
   const qreal size = area.height() / 5 * direction;
   const QPointF middle = area.center();
   painter.setPen(Qt::NoPen);
@@ -48,17 +48,14 @@ void Bar::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   const Layout layout = LayOut(ShownPosition());
-  painter.setPen(QPen(Outline(), 1));
-  painter.setBrush(Groove());
-  painter.drawRect(HairlineRect(layout.trough.adjusted(-1, 0, 1, 0)));
+  DrawBox(painter, layout.trough.adjusted(-1, 0, 1, 0), Outline(), Groove());
   DrawButton(painter, layout.less, Part::kLess, -1);
   DrawButton(painter, layout.more, Part::kMore, 1);
 
   const QColor face = palette().color(QPalette::Button);
+  DrawBox(painter, layout.thumb.adjusted(-1, 0, 1, 0), Outline(),  // shares the edge of a button
+          pressed_ == Part::kThumb ? Mix(face, Accent(), 0.5) : face);
   painter.setPen(QPen(Outline(), 1));
-  painter.setBrush(pressed_ == Part::kThumb ? Mix(face, Accent(), 0.5) : face);
-  painter.drawRect(
-      HairlineRect(layout.thumb.adjusted(-1, 0, 1, 0)));  // shares the edge of a button
   const QPointF middle = layout.thumb.center();
   const qreal grip = std::round(layout.thumb.height() / 5);
   for (const int line : {-1, 0, 1}) {  // the grip, which tells the thumb from the trough

@@ -2,6 +2,7 @@
 
 #include <QGridLayout>
 #include <QLabel>
+#include <algorithm>
 
 #include "board/errors.h"
 #include "shell/controls/bar.h"
@@ -50,15 +51,33 @@ void FieldGroup::LayOut(QGridLayout& grid, const Place& place) {
     field.Box()->setFixedWidth(page_size::Pixels(place.box_characters, page_));
     if (field.Label() != nullptr) grid.addWidget(field.Label(), row, column);
     grid.addWidget(field.Box(), row, column + 1);
-    if (field.GetBar() != nullptr) {
-      field.GetBar()->setMinimumWidth(page_size::Pixels(place.bar_characters, page_));
-      grid.addWidget(field.GetBar(), row, column + 2);
-    }
+    if (Bar* bar = field.GetBar()) LayOutBar(grid, *bar, row, column + 2, place);
     grid.setColumnStretch(column + 2, 1);
     if (column > 0) {
       grid.setColumnMinimumWidth(column - 1, page_size::Pixels(page_size::kColumnGap, page_));
     }
   }
+  for (int i = 0; i < Count(); i += place.rows_per_column) OrderColumn(i, place.rows_per_column);
+}
+
+void FieldGroup::LayOutBar(QGridLayout& grid, Bar& bar, int row, int column, const Place& place) {
+  const int width = page_size::Pixels(place.bar_characters, page_);
+  if (place.bars_grow) {
+    bar.setMinimumWidth(width);
+    grid.addWidget(&bar, row, column);
+  } else {
+    bar.setFixedWidth(width);
+    grid.addWidget(&bar, row, column, Qt::AlignLeft | Qt::AlignVCenter);
+  }
+}
+
+void FieldGroup::OrderColumn(int first, int count) {
+  std::vector<QWidget*> order;
+  for (int i = first; i < std::min(first + count, Count()); ++i) order.push_back(At(i).Box());
+  for (int i = first; i < std::min(first + count, Count()); ++i) {
+    if (At(i).GetBar() != nullptr) order.push_back(At(i).GetBar());
+  }
+  for (std::size_t i = 1; i < order.size(); ++i) QWidget::setTabOrder(order[i - 1], order[i]);
 }
 
 }  // namespace sorvane

@@ -39,13 +39,15 @@ class FieldGroup {
   void Redraw();
 
   // Lays the fields out as rows of label, field and bar from a cell of the grid on, in columns of
-  // rows_per_column rows side by side. box_characters is the room in a field.
+  // rows_per_column rows side by side. box_characters is the room in a field. Tab goes down the
+  // fields of a column and then down its bars.
   struct Place {
     int row = 0;
     int column = 0;
     int rows_per_column = 1;
     int box_characters = page_size::kNumberBox;
     int bar_characters = page_size::kLongBar;  // at least
+    bool bars_grow = true;                     // with the page
   };
   void LayOut(QGridLayout& grid, const Place& place);
 
@@ -53,6 +55,10 @@ class FieldGroup {
   static constexpr int kCellsPerColumn = 4;
 
  private:
+  void LayOutBar(QGridLayout& grid, Bar& bar, int row, int column, const Place& place);
+  // The order of Tab in the column that begins with a field.
+  void OrderColumn(int first, int count);
+
   Page& page_;
   FieldState& state_;
   std::vector<std::unique_ptr<Field>> fields_;

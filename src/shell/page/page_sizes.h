@@ -13,7 +13,7 @@ inline constexpr int kNumberBox = 9;  // an amount or number
 inline constexpr int kWordBox = 11;   // the same beside words and patterns
 inline constexpr int kNameBox = 24;   // the longest name of a language
 
-// The least widths of bars, which share out what a page has left.
+// The least widths of bars, which share out what a page has left unless it has them fixed.
 inline constexpr int kShortBar = 16;
 inline constexpr int kBar = 22;
 inline constexpr int kLongBar = 30;

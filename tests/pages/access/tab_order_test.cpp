@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "pages/access/shipped_program.h"
-#include "shell/controls/bar.h"
 #include "shell/controls/entry_box.h"
 #include "shell/controls/tab_pages.h"
 #include "shell/page/child_form.h"
@@ -20,7 +19,7 @@ namespace {
 enum class Reading {
   kColumns,  // the left column from top to bottom, then the next one
   kRows,     // the top row from left to right, then the next one
-  kFrames,   // rows of frames; what stands in a frame from top to bottom
+  kFrames,   // rows of frames; what stands in a frame by its columns
 };
 
 // How a page is read; with tabs, how what lies behind one of them is read. Two rows of tabs stand
@@ -32,18 +31,28 @@ struct ReadingRow {
   Reading reading;
 };
 
-constexpr ReadingRow kReadings[] = {
-    {"FrmPassword", "", 0, Reading::kRows},           {"FrmImposta", "", 0, Reading::kRows},
-    {"FrmPrezzi", "", 0, Reading::kColumns},          {"FrmSconti", "", 0, Reading::kColumns},
-    {"FrmPagamento", "", 0, Reading::kColumns},       {"FrmPagamento", "SSTab2", 0, Reading::kRows},
-    {"FrmPagamento", "SSTab2", 1, Reading::kColumns}, {"FrmPagamento", "SSTab2", 2, Reading::kRows},
-    {"FrmPagamento", "SSTab1", 0, Reading::kRows},    {"FrmPagamento", "SSTab1", 1, Reading::kRows},
-    {"FrmPagamento", "SSTab1", 2, Reading::kRows},    {"FrmTastiColonna", "", 0, Reading::kColumns},
-    {"FrmColonnaProd", "", 0, Reading::kColumns},     {"FrmOrologio", "", 0, Reading::kRows},
-    {"FrmOrologio", "SSTab1", 0, Reading::kColumns},  {"FrmOrologio", "SSTab1", 1, Reading::kRows},
-    {"FrmOrologio", "SSTab1", 2, Reading::kRows},     {"FrmTotali", "", 0, Reading::kFrames},
-    {"FrmContatori", "", 0, Reading::kFrames},        {"FrmMonete", "", 0, Reading::kFrames},
-    {"FrmBanconote", "", 0, Reading::kFrames},        {"FrmAllarmi", "", 0, Reading::kRows}};
+constexpr ReadingRow kReadings[] = {{"FrmPassword", "", 0, Reading::kRows},
+                                    {"FrmImposta", "", 0, Reading::kColumns},
+                                    {"FrmPrezzi", "", 0, Reading::kColumns},
+                                    {"FrmSconti", "", 0, Reading::kColumns},
+                                    {"FrmPagamento", "", 0, Reading::kColumns},
+                                    {"FrmPagamento", "SSTab2", 0, Reading::kFrames},
+                                    {"FrmPagamento", "SSTab2", 1, Reading::kColumns},
+                                    {"FrmPagamento", "SSTab2", 2, Reading::kFrames},
+                                    {"FrmPagamento", "SSTab1", 0, Reading::kFrames},
+                                    {"FrmPagamento", "SSTab1", 1, Reading::kFrames},
+                                    {"FrmPagamento", "SSTab1", 2, Reading::kFrames},
+                                    {"FrmTastiColonna", "", 0, Reading::kColumns},
+                                    {"FrmColonnaProd", "", 0, Reading::kColumns},
+                                    {"FrmOrologio", "", 0, Reading::kRows},
+                                    {"FrmOrologio", "SSTab1", 0, Reading::kColumns},
+                                    {"FrmOrologio", "SSTab1", 1, Reading::kRows},
+                                    {"FrmOrologio", "SSTab1", 2, Reading::kRows},
+                                    {"FrmTotali", "", 0, Reading::kFrames},
+                                    {"FrmContatori", "", 0, Reading::kFrames},
+                                    {"FrmMonete", "", 0, Reading::kFrames},
+                                    {"FrmBanconote", "", 0, Reading::kFrames},
+                                    {"FrmAllarmi", "", 0, Reading::kRows}};
 
 Reading ReadingOf(const QString& form, const QString& tabs, int tab) {
   const auto* row = std::find_if(std::begin(kReadings), std::end(kReadings), [&](const auto& one) {
@@ -53,7 +62,7 @@ Reading ReadingOf(const QString& form, const QString& tabs, int tab) {
   return row->reading;
 }
 
-// Controls that the eye takes as one: a field with the bar at its right, or one control.
+// Controls that the eye takes as one: those of a frame or of a row of tabs, or one control.
 struct Unit {
   std::vector<QWidget*> controls;
   QRect place;  // on the screen
@@ -64,13 +73,6 @@ QRect PlaceOf(const QWidget& widget) { return {widget.mapToGlobal(QPoint(0, 0)),
 bool IsTaken(const QWidget& widget) {
   return (widget.focusPolicy() & Qt::TabFocus) == Qt::TabFocus && widget.isEnabled() &&
          widget.isVisible();
-}
-
-// Whether a bar stands right of a field on the same line, with nothing of the page between them.
-bool BelongsTo(const Unit& unit, const QRect& bar) {
-  const QRect& box = unit.place;
-  return bar.left() > box.right() && bar.left() - box.right() < 20 && bar.top() < box.bottom() &&
-         box.top() < bar.bottom();
 }
 
 std::vector<QWidget*> InOrder(std::vector<Unit> units, Reading reading) {
@@ -96,7 +98,7 @@ std::vector<Unit> ByFrames(const std::vector<Unit>& units) {
   for (const Unit& unit : units) frames[unit.controls.front()->parentWidget()].push_back(unit);
   std::vector<Unit> merged;
   for (const auto& [frame, inside] : frames) {
-    merged.push_back({InOrder(inside, Reading::kRows), PlaceOf(*frame)});
+    merged.push_back({InOrder(inside, Reading::kColumns), PlaceOf(*frame)});
   }
   return merged;
 }
@@ -117,7 +119,6 @@ std::vector<QWidget*> OrderOfTabs(const QString& form, const TabPages& tabs) {
 std::vector<QWidget*> EyeOrder(const QString& form, const QWidget& holder, const QString& tabs,
                                int tab) {
   std::vector<Unit> units;
-  std::vector<QWidget*> bars;
   const auto inside = [&](const QWidget* widget) {
     for (QWidget* up = widget->parentWidget(); up != &holder; up = up->parentWidget()) {
       if (qobject_cast<TabPages*>(up) != nullptr) return false;  // a part of what stands there
@@ -128,22 +129,8 @@ std::vector<QWidget*> EyeOrder(const QString& form, const QWidget& holder, const
     if (!inside(widget) || qobject_cast<QTabBar*>(widget) != nullptr) continue;
     if (const auto* row = qobject_cast<TabPages*>(widget)) {
       units.push_back({OrderOfTabs(form, *row), PlaceOf(*row)});
-    } else if (!IsTaken(*widget)) {
-      continue;
-    } else if (qobject_cast<Bar*>(widget) != nullptr) {
-      bars.push_back(widget);
-    } else {
+    } else if (IsTaken(*widget)) {
       units.push_back({{widget}, PlaceOf(*widget)});
-    }
-  }
-  for (QWidget* bar : bars) {
-    const auto field = std::find_if(units.begin(), units.end(), [&](const Unit& unit) {
-      return BelongsTo(unit, PlaceOf(*bar));
-    });
-    if (field == units.end()) {
-      units.push_back({{bar}, PlaceOf(*bar)});
-    } else {
-      field->controls.push_back(bar);
     }
   }
   const Reading reading = ReadingOf(form, tabs, tab);
@@ -262,7 +249,6 @@ TEST(WayOverFields, EmptiesTheOneThatIsReachedAndRestoresTheOneThatIsLeft) {
   EXPECT_EQ(program.Text("FrmSconti", "Text1(0)"), "5");
   PressKey(program, Qt::Key_Tab);
   EXPECT_EQ(program.Text("FrmSconti", "Text1(0)"), "1.50");
-  PressKey(program, Qt::Key_Tab);
   EXPECT_EQ(program.Text("FrmSconti", "Text1(1)"), "");
   PressKey(program, Qt::Key_Backtab, Qt::ShiftModifier);
   EXPECT_EQ(program.Text("FrmSconti", "Text1(1)"), "2.50");

@@ -82,6 +82,37 @@ TEST_F(BarMouseTest, ClickOnTheTroughMovesByTheLargeStep) {
   EXPECT_EQ(changes, (std::vector<int>{60, 50}));
 }
 
+TEST_F(BarMouseTest, ClickAboveOrBelowTheTroughDoesNothingButTakeTheFocus) {
+  for (const int y : {bar->height() / 5, bar->height() * 4 / 5}) {
+    other->setFocus();
+    const QPoint beside(bar->width() * 9 / 10, y);
+    Press(beside);
+    EXPECT_EQ(Interval(), 0);
+    Release(beside);
+    EXPECT_TRUE(bar->hasFocus());
+  }
+  EXPECT_TRUE(changes.empty());
+}
+
+TEST_F(BarMouseTest, HeldTroughRestsWhileTheMouseIsAboveIt) {
+  const QPoint trough = At(bar->width() * 9 / 10);
+  Press(trough);
+  Drag(QPoint(trough.x(), bar->height() / 5));
+  TimerGoesOff();
+  EXPECT_EQ(changes, std::vector<int>{60});
+}
+
+TEST_F(BarMouseTest, ThumbAndButtonsTakeTheMouseOverTheirWholeHeight) {
+  const int above = bar->height() / 5;
+  QTest::mouseClick(bar, Qt::LeftButton, Qt::NoModifier, QPoint(EndButton().x(), above));
+  QTest::mouseClick(bar, Qt::LeftButton, Qt::NoModifier, QPoint(StartButton().x(), above));
+  EXPECT_EQ(changes, (std::vector<int>{51, 50}));
+  Press(QPoint(Middle().x(), above));
+  Drag(QPoint(2000, above));
+  Release(QPoint(2000, above));
+  EXPECT_EQ(bar->Position(), 100);
+}
+
 TEST_F(BarMouseTest, OtherButtonsDoNothing) {
   QTest::mouseClick(bar, Qt::RightButton, Qt::NoModifier, EndButton());
   QTest::mouseClick(bar, Qt::MiddleButton, Qt::NoModifier, At(bar->width() / 10));
