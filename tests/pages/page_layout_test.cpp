@@ -14,6 +14,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <map>
 #include <stdexcept>
 
 #include "pages/letters.h"
@@ -237,6 +238,71 @@ TEST_P(Layout, EachPageFitsTheFrameWithItsTitleBarInView) {
           << page.form << " " << window.x() << " " << window.y() << " " << window.width() << " "
           << window.height();
     });
+  }
+}
+
+// Where everything stands on a page, behind each of its tabs too, and where the columns of a list
+// begin and end.
+std::map<QString, QRect> Places(const ChildForm& form) {
+  std::map<QString, QRect> places;
+  const QList<TabPages*> rows = form.findChildren<TabPages*>();
+  for (int tab = 0; tab < (rows.isEmpty() ? 1 : 3); ++tab) {
+    for (TabPages* row : rows) row->SetFront(tab);
+    QCoreApplication::processEvents();
+    for (const QWidget* widget : form.findChildren<QWidget*>()) {
+      if (widget->isVisible() && !widget->objectName().isEmpty()) {
+        places[QString("%1 %2").arg(tab).arg(widget->objectName())] = PlaceOn(form, *widget);
+      }
+    }
+  }
+  for (const RecordList* list : form.findChildren<RecordList*>()) {
+    const QHeaderView& header = *list->header();
+    for (int column = 0; column < header.count(); ++column) {
+      places[QString("column %1").arg(column)] = {header.sectionPosition(column), 0,
+                                                  header.sectionSize(column), 1};
+    }
+  }
+  places["window"] = form.parentWidget()->geometry();
+  return places;
+}
+
+TEST_P(Layout, NothingMovesWhenItsValuesCome) {
+  for (const PageEntry& page : kPageEntries) {
+    program.Choose(page.entry);
+    const auto* form = program.frame->findChild<ChildForm*>(page.form);
+    std::map<QString, QRect> before = Places(*form);
+    program.Sweep(200);
+    if (QString(page.form) == "FrmAllarmi") before.erase("0 ProgressBar1");  // it has hidden
+    const std::map<QString, QRect> after = Places(*form);
+    ASSERT_GT(before.size(), 3U) << page.form;
+    ASSERT_EQ(after.size(), before.size()) << page.form;
+    for (const auto& [what, place] : before) {
+      EXPECT_EQ(after.at(what), place) << page.form << " " << what.toStdString();
+    }
+    form->parentWidget()->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  }
+}
+
+TEST_P(Layout, TheCountersOfTheMachineStandUnderTheColumnsAbove) {
+  program.Open("MnuContatori");
+  const auto* form = program.frame->findChild<ChildForm*>("FrmContatori");
+  const auto place = [&](const char* name, int i) {
+    return PlaceOn(*form, *form->findChild<QWidget*>(QString("%1(%2)").arg(name).arg(i)));
+  };
+  QWidget& window = *form->parentWidget();
+  for (const QSize& more : {QSize(0, 0), QSize(200, 100)}) {
+    window.resize(window.size() + more);
+    QCoreApplication::processEvents();
+    int column = 0;
+    for (const char* caption : {"LabelMess2", "LabelMess3", "LabelMess4"}) {
+      EXPECT_NEAR(place("LabelMess1", column).left(), place(caption, 0).left(), 2) << column;
+      EXPECT_NEAR(place("Label1", 30 + column).left(), place("Label1", 10 * column).left(), 2)
+          << column;
+      EXPECT_NEAR(place("Label1", 30 + column).right(), place("Label1", 10 * column).right(), 2)
+          << column;
+      ++column;
+    }
   }
 }
 

@@ -53,8 +53,6 @@ TEST_F(PlaceTest, ColumnsOfFieldsStandFurtherApartThanTheirControls) {
       {"MnuSconti", "FrmSconti", "LabelMess1(0)", "Text1(0)", "HScroll1(0)", "LabelMess1(5)"},
       {"Mnutasti", "FrmTastiColonna", "LabelMess1(0)", "Text1(0)", "HScroll1(0)", "LabelMess1(5)"},
       {"MnuColonne", "FrmColonnaProd", "LabelMess1(0)", "Text1(0)", "HScroll1(0)", "LabelMess1(5)"},
-      {"MnuContatori", "FrmContatori", "LabelMess1(0)", "Label1(30)", "Label1(30)",
-       "LabelMess1(1)"},
   };
   for (const Columns& columns : kColumns) {
     Open(columns.entry, columns.form);

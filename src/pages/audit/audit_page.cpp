@@ -3,10 +3,11 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
+#include <QMargins>
+#include <algorithm>
 
 #include "board/reply.h"
 #include "shell/controls/value_label.h"
-#include "shell/page/page_sizes.h"
 #include "texts/western_text.h"
 
 namespace sorvane {
@@ -58,8 +59,18 @@ void AuditPage::AddGroup(QGridLayout& cells, const AuditGroup& group) {
   for (const AuditRow& row : group.rows) {
     for (int i = 0; i < row.count; ++i) AddRow(*grid, *parent, row, i, columns);
   }
+  for (int column = 1; column < columns; ++column) {
+    grid->setColumnMinimumWidth(column * kCells - 1, GapAcross(cells, *parent, *grid));
+  }
   grid->setRowStretch(grid->rowCount(), 1);
   cells.addWidget(parent, group.row, group.column, 1, group.across ? -1 : 1);
+}
+
+int AuditPage::GapAcross(const QGridLayout& cells, const QWidget& group, const QGridLayout& grid) {
+  const QMargins line = group.contentsMargins();
+  const QMargins room = grid.contentsMargins();
+  return line.left() + line.right() + room.left() + room.right() + cells.horizontalSpacing() -
+         grid.horizontalSpacing();
 }
 
 void AuditPage::AddRow(QGridLayout& grid, QWidget& parent, const AuditRow& row, int i,
@@ -74,9 +85,6 @@ void AuditPage::AddRow(QGridLayout& grid, QWidget& parent, const AuditRow& row, 
   const int line = place / columns;
   const int column = place % columns * kCells;
   grid.setColumnStretch(column, 1);
-  if (column > 0) {
-    grid.setColumnMinimumWidth(column - 1, page_size::Pixels(page_size::kColumnGap, *this));
-  }
   grid.addWidget(caption, line, column);
   grid.addWidget(value, line, column + 1);
 }
@@ -87,7 +95,16 @@ void AuditPage::LoadPageCaptions() {
     if (caption.number != 0) text += QString(" %1").arg(caption.number);
     SetCaption(*caption.label, text);
   }
+  AlignCaptions();
   setWindowTitle(Message(title_message_));
+}
+
+void AuditPage::AlignCaptions() {
+  int widest = 0;
+  for (const Caption& caption : captions_) {
+    widest = std::max(widest, caption.label->sizeHint().width());
+  }
+  for (const Caption& caption : captions_) caption.label->setMinimumWidth(widest);
 }
 
 void AuditPage::OnReply(const Reply& reply) {

@@ -56,9 +56,14 @@ class AuditPage : public Page {
   };
 
   void AddGroup(QGridLayout& cells, const AuditGroup& group);
+  // The room between two columns of a group that lies across the page: what stands between those of
+  // the groups above it.
+  static int GapAcross(const QGridLayout& cells, const QWidget& group, const QGridLayout& grid);
   // Adds a row's caption and value behind those that stand in the grid, so many side by side as
   // there are columns.
   void AddRow(QGridLayout& grid, QWidget& parent, const AuditRow& row, int i, int columns);
+  // All captions are as wide as the widest, so that groups below each other stand in line.
+  void AlignCaptions();
 
   int title_message_;
   std::vector<Caption> captions_;

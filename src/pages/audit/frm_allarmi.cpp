@@ -1,9 +1,12 @@
 #include "pages/audit/frm_allarmi.h"
 
+#include <QDate>
+#include <QFontMetrics>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLocale>
 #include <QProgressBar>
+#include <QSizePolicy>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -23,6 +26,16 @@ QString DateText(const Alarm& alarm, const QLocale& locale) {
   return locale.toString(DateOf(alarm.day_number), QLocale::ShortFormat);
 }
 
+// The longest date of a year.
+QString WidestDate(const QLocale& locale, const QFontMetrics& letters) {
+  QString widest;
+  for (int month = 1; month <= 12; ++month) {
+    const QString date = locale.toString(QDate(2028, month, 28), QLocale::ShortFormat);
+    if (letters.horizontalAdvance(date) > letters.horizontalAdvance(widest)) widest = date;
+  }
+  return widest;
+}
+
 // "09:05"; what is no time shows as the numbers that it is.
 QString TimeText(const Alarm& alarm) {
   return QString("%1:%2").arg(alarm.hour, 2, 10, QChar('0')).arg(alarm.minute, 2, 10, QChar('0'));
@@ -32,7 +45,10 @@ QString TimeText(const Alarm& alarm) {
 
 FrmAllarmi::FrmAllarmi(const PageServices& services)
     : Page(services, "FrmAllarmi"),
-      list_(new RecordList({"nr.", "data", "ora", "descrizione"}, parameter::kAlarmRecords, this)),
+      list_(new RecordList({"nr.", "data", "ora", "descrizione"},
+                           {QString::number(parameter::kAlarmRecords),
+                            WidestDate(services.locale, fontMetrics()), "255:255"},
+                           parameter::kAlarmRecords, this)),
       progress_(new QProgressBar(this)) {
   setWindowTitle("Allarmi");
   list_->setObjectName("ListView1");
@@ -45,7 +61,9 @@ FrmAllarmi::FrmAllarmi(const PageServices& services)
   heading->setBuddy(list_);
   list_->setAccessibleName(heading->text());
   progress_->setAccessibleName(heading->text());
-  // Beside the heading, so that the list keeps its place when it hides.
+  QSizePolicy kept = progress_->sizePolicy();
+  kept.setRetainSizeWhenHidden(true);  // the list keeps its place
+  progress_->setSizePolicy(kept);
   auto* top = new QHBoxLayout;
   top->addWidget(heading, 1);
   top->addWidget(progress_, 1);

@@ -14,7 +14,8 @@ constexpr double kRowHeight = 1.3;  // lines of text
 
 }  // namespace
 
-RecordList::RecordList(const QStringList& columns, int rows, QWidget* parent)
+RecordList::RecordList(const QStringList& columns, const QStringList& widest, int rows,
+                       QWidget* parent)
     : QTreeWidget(parent), rows_(rows) {
   setColumnCount(static_cast<int>(columns.size()));
   setHeaderLabels(columns);
@@ -24,6 +25,13 @@ RecordList::RecordList(const QStringList& columns, int rows, QWidget* parent)
   setAllColumnsShowFocus(true);
   setSelectionMode(ExtendedSelection);
   header()->setSectionsMovable(false);
+  SetRows({widest});
+  const int gap = kColumnGap * fontMetrics().averageCharWidth();
+  for (int column = 0; column < columnCount() - 1; ++column) {
+    resizeColumnToContents(column);
+    setColumnWidth(column, columnWidth(column) + gap);
+  }
+  SetRows({});
 }
 
 void RecordList::SetRows(const QList<QStringList>& rows) {
@@ -38,13 +46,7 @@ void RecordList::SetRows(const QList<QStringList>& rows) {
       item.setText(column, rows.at(i).value(column));
     }
   }
-  if (sized_ || rows.isEmpty()) return;
-  sized_ = true;  // the widths are the user's from now on
-  const int gap = kColumnGap * fontMetrics().averageCharWidth();
-  for (int column = 0; column < columnCount() - 1; ++column) {
-    resizeColumnToContents(column);
-    setColumnWidth(column, columnWidth(column) + gap);
-  }
+  executeDelayedItemsLayout();  // who reads the screen may ask for rows before they are painted
 }
 
 QString RecordList::SelectedText() const {

@@ -12,8 +12,9 @@ class RecordList : public QTreeWidget {
   Q_OBJECT
 
  public:
-  // It asks for the room of rows rows.
-  RecordList(const QStringList& columns, int rows, QWidget* parent);
+  // It asks for the room of rows rows. Its columns are as wide as the texts of widest, one for each
+  // of them, and don't move when rows come; the last one takes what is left.
+  RecordList(const QStringList& columns, const QStringList& widest, int rows, QWidget* parent);
 
   // Shows these rows in place of the present ones. What is selected, current and in view stays so
   // by its row.
@@ -31,7 +32,6 @@ class RecordList : public QTreeWidget {
   int RowHeight() const;
 
   int rows_;
-  bool sized_ = false;
 };
 
 }  // namespace sorvane

@@ -15,7 +15,8 @@ namespace {
 // A list of three columns with room for five rows, alone in a window.
 struct RecordListTest : testing::Test {
   QWidget window;
-  RecordList* list = new RecordList({"nr.", "name", "value"}, 5, &window);
+  RecordList* list =
+      new RecordList({"nr.", "name", "value"}, {"20", "a long name 3", "30"}, 5, &window);
 
   RecordListTest() { (new QVBoxLayout(&window))->addWidget(list); }
   void SetUp() override {
@@ -134,7 +135,7 @@ TEST_F(RecordListTest, AsksForTheRoomOfItsRows) {
 }
 
 TEST_F(RecordListTest, MoreRowsAskForMoreRoom) {
-  const RecordList longer({"nr.", "name", "value"}, 6, nullptr);
+  const RecordList longer({"nr.", "name", "value"}, {"20", "a long name 3", "30"}, 6, nullptr);
   EXPECT_GT(longer.sizeHint().height(), list->sizeHint().height());
 }
 
@@ -277,11 +278,16 @@ TEST_F(RecordListTest, ColumnsThatWereResizedKeepTheirWidthOverAnEmptyList) {
   EXPECT_EQ(list->columnWidth(0), 91);
 }
 
-TEST_F(RecordListTest, FirstRowsWidenTheColumnsToWhatStandsInThem) {
-  list->header()->resizeSection(1, 30);
-  list->SetRows(SomeRows(3, "a name that has no room "));
-  const QString text = "a name that has no room 3";
-  EXPECT_GT(list->columnWidth(1), list->fontMetrics().horizontalAdvance(text));
+TEST_F(RecordListTest, ColumnsHaveTheirWidthBeforeThereAreRowsAndKeepIt) {
+  const std::vector<int> widths = {list->columnWidth(0), list->columnWidth(1),
+                                   list->columnWidth(2)};
+  EXPECT_GT(widths[1], list->fontMetrics().horizontalAdvance("a long name 3"));
+  for (const char* name : {"a", "a long name ", "a name that has no room "}) {
+    list->SetRows(SomeRows(3, name));
+    QApplication::processEvents();
+    EXPECT_EQ(widths,
+              (std::vector<int>{list->columnWidth(0), list->columnWidth(1), list->columnWidth(2)}));
+  }
 }
 
 TEST_F(RecordListTest, ColumnsCanBeResizedByMouse) {
