@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QPixmap>
 #include <algorithm>
+#include <cmath>
 
 namespace sorvane {
 namespace {
@@ -28,13 +29,22 @@ void DrawArms(QPainter& painter, const QList<QLineF>& arm, double turn, const QP
 
 QPen RoundPen(double width) { return QPen(Qt::white, width, Qt::SolidLine, Qt::RoundCap); }
 
-// The sign as few and broad lines, upright: thin ones at a slant are lost on a small icon, and on
-// the smallest there is no room for branches.
+// The sign as few and broad lines, upright: thin ones at a slant are lost on a small icon.
 void DrawIconCrystal(QPainter& painter, int size) {
   const double length = size * 0.42;
   QList<QLineF> arm = {QLineF(0, 0, 0, -length)};
-  if (size > 16) AddBranches(arm, length * 0.52, length * 0.29);
+  AddBranches(arm, length * 0.52, length * 0.29);
   DrawArms(painter, arm, 0, RoundPen(std::max(2.0, size / 16.0)));
+}
+
+// The smallest has no room for six arms that meet: they would read as an asterisk, the sign of
+// unsaved work. They stand around a hollow middle.
+void DrawSmallIconCrystal(QPainter& painter, int size) {
+  const double middle = size * 0.19;
+  QList<QLineF> arm = {QLineF(0, -middle, 0, -size * 0.44)};
+  AddBranches(arm, size * 0.275, size * 0.125);
+  arm.append(QLineF(0, -middle, middle * std::sqrt(0.75), -middle / 2));  // to the next arm
+  DrawArms(painter, arm, 0, RoundPen(size * 0.075));
 }
 
 }  // namespace
@@ -54,7 +64,11 @@ QImage IconImage(int size) {
   painter.setBrush(QColor(28, 94, 146));
   painter.drawRoundedRect(QRectF(0, 0, size, size), size * 0.2, size * 0.2);
   painter.translate(size / 2.0, size / 2.0);
-  DrawIconCrystal(painter, size);
+  if (size > kIconSizes[0]) {
+    DrawIconCrystal(painter, size);
+  } else {
+    DrawSmallIconCrystal(painter, size);
+  }
   return image;
 }
 

@@ -44,12 +44,13 @@ struct Place {
 };
 constexpr Place kOnTheEdges[] = {{0.25, 0}, {0.75, 0}, {0.25, 0.99}, {0, 0.5}, {0.99, 0.5}};
 constexpr Place kBetweenTheArms[] = {{0.65, 0.25}, {0.35, 0.25}, {0.05, 0.5}, {0.95, 0.5}};
-constexpr Place kOnTheArms[] = {{0.5, 0.5},   {0.5, 0.2},   {0.5, 0.8},  {0.76, 0.35},
+constexpr Place kMiddle = {0.5, 0.5};
+constexpr Place kOnTheArms[] = {{0.5, 0.2},   {0.5, 0.8},   {0.76, 0.35},
                                 {0.24, 0.35}, {0.76, 0.65}, {0.24, 0.65}};
 constexpr Place kOnTheBranches[] = {{0.604, 0.178}, {0.396, 0.178}, {0.604, 0.822}, {0.396, 0.822}};
 
-// A white crystal of six arms on a blue ground with round corners; its arms have branches where
-// there is room.
+// A white crystal of six arms with branches on a blue ground with round corners. The smallest has a
+// hollow middle: arms that meet in so little room are an asterisk.
 void ExpectTheSign(const QImage& image, int size) {
   ASSERT_EQ(image.size(), QSize(size, size));
   const auto expect = [&](const Place& place, const QColor& colour) {
@@ -60,7 +61,12 @@ void ExpectTheSign(const QImage& image, int size) {
   for (const Place& place : kOnTheEdges) expect(place, kGround);
   for (const Place& place : kBetweenTheArms) expect(place, kGround);
   for (const Place& place : kOnTheArms) expect(place, kCrystal);
-  for (const Place& place : kOnTheBranches) expect(place, size == 16 ? kGround : kCrystal);
+  expect(kMiddle, size == 16 ? kGround : kCrystal);
+  for (const Place& place : kOnTheBranches) {
+    const QColor branch =
+        image.pixelColor(static_cast<int>(place.x * size), static_cast<int>(place.y * size));
+    EXPECT_GE(qGray(branch.rgb()), size == 16 ? 220 : 255) << size;  // soft in so little room
+  }
   const int last = size - 1;
   for (const QPoint& corner :
        {QPoint(0, 0), QPoint(last, 0), QPoint(0, last), QPoint(last, last)}) {
