@@ -27,7 +27,8 @@ constexpr double kTitleBar = 1.6;    // of a child window
 
 // Shares of the text's colour in a line's.
 constexpr double kFrameInk = 0.2;
-constexpr double kReadingInk = 0.35;  // around what can only be read
+constexpr double kReadingInk = 0.35;  // around what can only be read, a list too
+constexpr double kWindowInk = 0.6;    // around a child window
 
 // The least contrast of a closed text with its ground, as the accessibility guidelines of the web
 // count it. They ask for 3 of what must be seen; thin letters have less of it than their colour,
@@ -60,12 +61,15 @@ bool IsLockedField(QStyle::PrimitiveElement element, const QStyleOption& option,
          (field == nullptr || !field->testAttribute(Qt::WA_SetPalette));
 }
 
-void DrawFrame(QPainter& painter, const QStyleOption& option, double ink) {
-  const QPalette& palette = option.palette;
-  const QColor line =
-      Mix(palette.color(QPalette::Window), palette.color(QPalette::WindowText), ink);
+QColor Line(const QPalette& palette, double ink) {
+  return Mix(palette.color(QPalette::Window), palette.color(QPalette::WindowText), ink);
+}
+
+// Around what can only be read: a line that shows the focus, too.
+void DrawReadingFrame(QPainter& painter, const QStyleOption& option) {
   const bool focused = (option.state & QStyle::State_HasFocus) != 0;
-  DrawBox(painter, option.rect, focused ? palette.color(QPalette::Highlight) : line);
+  DrawBox(painter, option.rect,
+          focused ? option.palette.color(QPalette::Highlight) : Line(option.palette, kReadingInk));
 }
 
 // A button of a child window's bar and the strokes of its sign, in a square from -1 to 1.
@@ -146,9 +150,11 @@ int ProgramStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
 void ProgramStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
                                  QPainter* painter, const QWidget* widget) const {
   if (element == PE_FrameGroupBox) {
-    DrawFrame(*painter, *option, kFrameInk);
+    DrawBox(*painter, option->rect, Line(option->palette, kFrameInk));
+  } else if (element == PE_FrameWindow) {
+    DrawBox(*painter, option->rect, Line(option->palette, kWindowInk));
   } else if (IsLockedField(element, *option, widget)) {
-    DrawFrame(*painter, *option, kReadingInk);
+    DrawReadingFrame(*painter, *option);
   } else {
     QProxyStyle::drawPrimitive(element, option, painter, widget);
   }
@@ -157,8 +163,9 @@ void ProgramStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* o
 void ProgramStyle::drawControl(ControlElement element, const QStyleOption* option,
                                QPainter* painter, const QWidget* widget) const {
   const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
-  if (element == CE_ShapedFrame && frame != nullptr && frame->frameShape == QFrame::Panel) {
-    DrawFrame(*painter, *option, kReadingInk);
+  if (element == CE_ShapedFrame && frame != nullptr &&
+      (frame->frameShape == QFrame::Panel || frame->frameShape == QFrame::StyledPanel)) {
+    DrawReadingFrame(*painter, *option);
   } else {
     QProxyStyle::drawControl(element, option, painter, widget);
   }

@@ -20,8 +20,9 @@ class ProgramStyle : public QProxyStyle {
   int pixelMetric(PixelMetric metric, const QStyleOption* option,
                   const QWidget* widget) const override;
 
-  // A hairline around what belongs together, seen on light and dark alike; the same around what can
-  // only be read, without the ground of a field: a locked field, and a label with a panel's frame.
+  // Hairlines around what belongs together and around child windows, seen on light and dark alike;
+  // the same around what can only be read: a list, a label with a panel's frame, and a locked field,
+  // which has no ground of its own.
   void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override;
 

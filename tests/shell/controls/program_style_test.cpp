@@ -14,6 +14,7 @@
 #include <QTest>
 #include <QWidget>
 #include <utility>
+#include <vector>
 
 #include "shell/controls/painted_control.h"
 #include "shell/controls/shades.h"
@@ -172,6 +173,40 @@ TEST_F(ProgramStyleTest, LinesOfABoxAreAsWideOnAllSidesAtEveryScale) {
       const QString edge(width, '#');
       EXPECT_EQ(line(true), ' ' + edge + '.' + edge + ' ') << scale << " " << at;
       EXPECT_EQ(line(false), ' ' + edge + '.' + edge + ' ') << scale << " " << at;
+    }
+  }
+}
+
+// How wide the four sides of a frame are on a picture, in pixels: left, right, top, bottom.
+std::vector<int> Sides(const QImage& picture, const QPoint& middle) {
+  const QRgb ground = picture.pixel(middle);
+  const auto width = [&](QPoint at, const QPoint& step) {
+    while (picture.rect().contains(at) && picture.pixel(at) == ground) at += step;
+    const QRgb line = picture.pixel(at);
+    int pixels = 0;
+    for (; picture.rect().contains(at) && picture.pixel(at) == line; at += step) ++pixels;
+    return pixels;
+  };
+  return {width(middle, {-1, 0}), width(middle, {1, 0}), width(middle, {0, -1}),
+          width(middle, {0, 1})};
+}
+
+TEST_F(ProgramStyleTest, EveryFrameIsAsWideOnAllSidesAt125Percent) {
+  for (const int shape : {0, 1, 2, 3}) {
+    for (int at = 4; at <= 7; ++at) {
+      QStyleOptionFrame option;
+      option.rect = QRect(at, at, 40, 40 + at);
+      option.lineWidth = 1;
+      option.frameShape = shape == 2 ? QFrame::Panel : QFrame::StyledPanel;
+      option.state = QStyle::State_Sunken;
+      QImage picture(100, 100, QImage::Format_RGB32);
+      picture.setDevicePixelRatio(1.25);
+      picture.fill(Qt::white);
+      QPainter painter(&picture);
+      if (shape == 0) style.drawPrimitive(QStyle::PE_FrameGroupBox, &option, &painter, nullptr);
+      if (shape == 1) style.drawPrimitive(QStyle::PE_FrameWindow, &option, &painter, nullptr);
+      if (shape >= 2) style.drawControl(QStyle::CE_ShapedFrame, &option, &painter, nullptr);
+      EXPECT_EQ(Sides(picture, {30, 30}), std::vector<int>(4, 1)) << shape << " at " << at;
     }
   }
 }
