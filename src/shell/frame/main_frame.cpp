@@ -30,6 +30,12 @@ constexpr const char* kSibling = "ARDENZA.EXE";
 constexpr int kFrameCharacters = 172;
 constexpr int kFrameLines = 51;
 
+// What the Windows menu says with no page open. The language files have no line for it, so it is in
+// English but for the Italian file.
+QString NoPageText(const std::string& language) {
+  return language == "Italiano" ? "Nessuna pagina aperta" : "No page is open";
+}
+
 }  // namespace
 
 MainFrame::MainFrame(Outside outside)
@@ -51,7 +57,9 @@ MainFrame::MainFrame(Outside outside)
   panels_ = std::make_unique<StatusPanels>(*statusBar());
 
   AssignActions();
-  menu_->on_windows = [this](QMenu& menu) { pages_->FillWindowsMenu(menu); };
+  menu_->on_windows = [this](QMenu& menu) {
+    pages_->FillWindowsMenu(menu, NoPageText(choices_.LanguageName));
+  };
   menu_->Enable(MenuEntry::kConnect, false);
   out_.link.on_loaded = [this] { OnConnected(); };
   out_.link.reply_notice = [this](const Reply& reply) { pages_->ReplyNotice(reply); };

@@ -138,12 +138,15 @@ void PageHost::CloseAll() {
   for (Window* window : open) window->close();
 }
 
-void PageHost::FillWindowsMenu(QMenu& menu) {
+void PageHost::FillWindowsMenu(QMenu& menu, const QString& none) {
+  constexpr int kAccessKeys = 9;  // a second digit would be the key of another entry
   menu.clear();
+  if (windows_.empty()) menu.addAction(none)->setEnabled(false);
   int number = 0;
   for (Window* window : windows_) {
     const QString title = EscapeAmpersands(window->windowTitle());
-    QAction* entry = menu.addAction(QString("&%1 %2").arg(++number).arg(title));
+    const char* mark = ++number <= kAccessKeys ? "&" : "";
+    QAction* entry = menu.addAction(QString("%1%2 %3").arg(mark).arg(number).arg(title));
     entry->setCheckable(true);
     entry->setChecked(area_.activeSubWindow() == window);
     ConnectGuarded(gate_, entry, &QAction::triggered, window, [this, window] { Show(*window); });

@@ -9,6 +9,7 @@ class QMdiArea;
 class QMdiSubWindow;
 class QMenu;
 class QSize;
+class QString;
 
 namespace sorvane {
 
@@ -38,8 +39,9 @@ class PageHost : public QObject {
   // Unloads and removes all forms.
   void CloseAll();
 
-  // Fills the Windows menu: the open forms in order, numbered, the front one checked.
-  void FillWindowsMenu(QMenu& menu);
+  // Fills the Windows menu: the open forms in order, numbered, the front one checked. The first
+  // nine have their number as access key. With no form open the menu says so in the words of none.
+  void FillWindowsMenu(QMenu& menu, const QString& none);
 
  private:
   class Window;

@@ -142,6 +142,17 @@ TEST_F(Keys, TheWindowsListBringsAPageToTheFrontByItsNumber) {
   EXPECT_EQ(Front(), "FrmPrezzi");
 }
 
+TEST_F(Keys, TheWindowsListDropsWithoutAPageToo) {
+  GoTo("mnuWL");
+  Press(Qt::Key_Down);
+  const auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+  ASSERT_NE(menu, nullptr);
+  EXPECT_EQ(menu->actions().constFirst()->text(), "Nessuna pagina aperta");
+  Press(Qt::Key_Return);
+  Press(Qt::Key_Escape);
+  EXPECT_EQ(Front(), "");
+}
+
 TEST_F(Keys, CtrlF6GoesRoundThePagesAndBackWithShift) {
   ChooseByKeys("MnuSconti");
   ChooseByKeys("MnuPrezzi");

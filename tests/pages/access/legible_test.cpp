@@ -230,6 +230,20 @@ TEST_P(Legible, AreTheEntriesOfTheMenuBarBeforeAndBehindTheConnection) {
   EXPECT_EQ(open_, 5 + 14);
 }
 
+TEST_P(Legible, AreTheEntriesOfMenusThatDrop) {
+  Program program;
+  program.Start();
+  for (const char* name : {"mnuWL", "mnuLingue", "mnuCom"}) {
+    auto& menu = *program.frame->findChild<QMenu*>(name);
+    emit menu.aboutToShow();
+    menu.ensurePolished();
+    menu.resize(menu.sizeHint());
+    MeasureEntries(menu);
+  }
+  EXPECT_EQ(closed_, 1);  // that no page is open
+  EXPECT_EQ(open_, 10 + 5);
+}
+
 INSTANTIATE_TEST_SUITE_P(OnDesktops, Legible, testing::ValuesIn(kColours),
                          [](const auto& row) { return row.param.name; });
 
