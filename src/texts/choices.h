@@ -27,6 +27,7 @@ struct Choices {
   std::filesystem::path settings_file;
   uint8_t PortNumber = 1;    // the user's view only; the link doesn't ask it
   std::string LanguageName;  // the base name of the current language file
+  bool IsItalian() const { return LanguageName == "Italiano"; }
   MenuMarks marks;
   MessageTable messages;
 

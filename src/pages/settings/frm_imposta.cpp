@@ -17,6 +17,7 @@ namespace sorvane {
 namespace {
 
 constexpr int kSwitchRow = 9;
+constexpr const char* kDegrees = "\u00B0C";
 
 // A setting of the board's, with its bar, mirror and limits.
 constexpr FieldRow Setting(int i, int32_t parameter, int minimum, int maximum, FieldRow row) {
@@ -52,13 +53,15 @@ constexpr FieldRow kFields[] = {
     Setting(0, parameter::kMachineLanguage, 0, 9,
             {.typed = {.characters = 100}, .focus = FocusRule::kNothing, .locked = true}),
     Setting(1, parameter::kSelections, 5, 10, {.typed = {.characters = 2}}),
-    Setting(
-        2, parameter::kMotorTimeout, 50, 250,
-        {.form = ValueForm::kTenths, .shown = Shown::kAsTheBarTook, .typed = {.characters = 4}}),
-    Setting(3, parameter::kSetTemperature, 0, 16, {.typed = {.characters = 2}}),
-    Setting(4, parameter::kDeltaTemperature, 1, 5, {.typed = {.characters = 1}}),
-    Setting(5, parameter::kDefrostEvery, 0, 12, {.typed = {.characters = 2}}),
-    Setting(6, parameter::kDefrostFor, 1, 30, {.typed = {.characters = 2}}),
+    Setting(2, parameter::kMotorTimeout, 50, 250,
+            {.form = ValueForm::kTenths,
+             .shown = Shown::kAsTheBarTook,
+             .typed = {.characters = 4},
+             .unit = "s"}),
+    Setting(3, parameter::kSetTemperature, 0, 16, {.typed = {.characters = 2}, .unit = kDegrees}),
+    Setting(4, parameter::kDeltaTemperature, 1, 5, {.typed = {.characters = 1}, .unit = kDegrees}),
+    Setting(5, parameter::kDefrostEvery, 0, 12, {.typed = {.characters = 2}, .unit = "h"}),
+    Setting(6, parameter::kDefrostFor, 1, 30, {.typed = {.characters = 2}, .unit = "min"}),
     Number(7, parameter::kMachineNumber, 16777215, 8),
     Number(8, parameter::kLocationNumber, 65535, 5),
 };

@@ -41,6 +41,7 @@ FrmOrologio::FrmOrologio(const PageServices& services)
       bands_(*this, state_),
       on_off_(*this, state_) {
   tabs_->setObjectName("SSTab1");
+  tabs_->closed_hint = [this] { return HintOf(Hint::kClockUnknown); };
   AddClockTab();
   AddBandsTab();
   AddOnOffTab();

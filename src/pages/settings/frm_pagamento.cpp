@@ -15,6 +15,7 @@
 #include "board/reply.h"
 #include "pages/settings/frm_pagamento_fields.h"
 #include "shell/controls/bar.h"
+#include "shell/controls/control_hint.h"
 #include "shell/controls/focus_keeper.h"
 #include "shell/controls/slider.h"
 #include "shell/controls/tab_pages.h"
@@ -71,7 +72,14 @@ FrmPagamento::FrmPagamento(const PageServices& services)
   AddLimitsTab();
   AddTubesTab();
   AddTokensTab();
+  for (TabPages* tabs : {general_tabs_, mdb_tabs_}) {
+    tabs->closed_hint = [this] { return HintOf(Hint::kOtherSystem); };
+  }
   system_controls_ = SystemControls();
+  QLabel* label = sale_.Label(kImmediateChange);
+  new ControlHint(Gate(), *label, [this, label] {
+    return label->isEnabled() ? QString() : HintOf(Hint::kWorksAllTheSame);
+  });
   auto* layout = new QHBoxLayout(this);
   layout->addWidget(general_tabs_, 1);
   layout->addWidget(mdb_tabs_, 1);

@@ -1,5 +1,6 @@
 #include "shell/controls/entry_box.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QPalette>
 #include <algorithm>
@@ -14,12 +15,19 @@ constexpr int kMostCharacters = 32767;  // that the toolkit's field holds
 const QColor kRed(255, 0, 0);
 const QColor kGreen(0, 255, 0);
 
+// Of a text that isn't confirmed, on a light and on a dark ground of the desktop's.
+const QColor kOpenInk(0, 78, 156);
+const QColor kOpenInkOnDark(138, 196, 255);
+constexpr int kMiddleLightness = 128;
+
 }  // namespace
 
 EntryBox::EntryBox(ProgramGate& gate, QWidget* parent)
     : QLineEdit(parent), gate_(gate), limit_(kMostCharacters) {
-  ConnectGuarded(gate, this, &QLineEdit::textEdited, this,
-                 [this](const QString&) { TightenLimit(); });
+  ConnectGuarded(gate, this, &QLineEdit::textEdited, this, [this](const QString&) {
+    TightenLimit();
+    SetConfirmed(false);
+  });
 }
 
 void EntryBox::SetCharacterLimit(int characters) {
@@ -29,15 +37,29 @@ void EntryBox::SetCharacterLimit(int characters) {
 
 void EntryBox::SetOpen(bool open) { sorvane::SetOpen(*this, open); }
 
-void EntryBox::Show(const QString& text) {
+void EntryBox::Show(const QString& text, bool confirmed) {
   saved_text_ = text;
-  SetText(text);
+  saved_confirmed_ = confirmed;
+  PutText(text, confirmed);
 }
 
-void EntryBox::SetText(const QString& text) {
+void EntryBox::SetText(const QString& text) { PutText(text, true); }
+
+void EntryBox::PutText(const QString& text, bool confirmed) {
   setMaxLength(kMostCharacters);
   setText(text);
   setMaxLength(std::max(limit_, static_cast<int>(text.size())));
+  SetConfirmed(confirmed);
+}
+
+void EntryBox::SetConfirmed(bool confirmed) {
+  if (confirmed == confirmed_) return;
+  confirmed_ = confirmed;
+  QFont slant;
+  slant.setItalic(!confirmed);
+  setFont(confirmed ? QFont() : slant);
+  Dress();
+  if (on_standing) on_standing();
 }
 
 void EntryBox::TightenLimit() {
@@ -51,32 +73,49 @@ void EntryBox::TightenLimit() {
 }
 
 void EntryBox::Restore() {
-  SetText(saved_text_);
+  PutText(saved_text_, saved_confirmed_);
   SetWhite();
 }
 
-void EntryBox::SetWhite() { setPalette(QPalette()); }
+void EntryBox::SetWhite() {
+  ground_ = QColor();
+  Dress();
+}
 
-void EntryBox::SetRed() { SetGround(kRed); }
+void EntryBox::SetRed() {
+  ground_ = kRed;
+  Dress();
+}
 
-void EntryBox::SetGreen() { SetGround(kGreen); }
+void EntryBox::SetGreen() {
+  ground_ = kGreen;
+  Dress();
+}
 
-void EntryBox::SetGround(const QColor& color) {
+void EntryBox::Dress() {
   QPalette colors;
-  colors.setColor(QPalette::Base, color);
-  colors.setColor(QPalette::Text, Qt::black);
+  if (ground_.isValid()) {
+    colors.setColor(QPalette::Base, ground_);
+    colors.setColor(QPalette::Text, Qt::black);
+  } else if (!confirmed_) {
+    const bool dark = QApplication::palette(this).base().color().lightness() < kMiddleLightness;
+    for (const auto group : {QPalette::Active, QPalette::Inactive}) {
+      colors.setColor(group, QPalette::Text, dark ? kOpenInkOnDark : kOpenInk);
+    }
+  }
   setPalette(colors);
 }
 
 void EntryBox::GotFocus() {
   if (focus_rule_ == FocusRule::kNothing) return;
   saved_text_ = text();
+  saved_confirmed_ = confirmed_;
   if (focus_rule_ == FocusRule::kEmpties) SetText(QString());
 }
 
 void EntryBox::LostFocus() {
   if (focus_rule_ == FocusRule::kNothing) return;
-  SetText(saved_text_);
+  PutText(saved_text_, saved_confirmed_);
 }
 
 void EntryBox::keyPressEvent(QKeyEvent* event) {

@@ -19,9 +19,13 @@ enum class FocusRule {
 //
 // The program puts text into it by Show and SetText only; QLineEdit::setText would cut it to the
 // limit of characters, which binds the user alone.
+//
+// A text that the board hasn't confirmed, such as one that is being typed, stands slanted and in an
+// ink of its own.
 class EntryBox : public QLineEdit {
   Q_OBJECT
   Q_PROPERTY(QString savedText READ SavedText)
+  Q_PROPERTY(bool confirmed READ IsConfirmed)
 
  public:
   EntryBox(ProgramGate& gate, QWidget* parent);
@@ -41,9 +45,14 @@ class EntryBox : public QLineEdit {
   // Opens or closes the field by the rule of focus_keeper.h.
   void SetOpen(bool open);
 
-  void Show(const QString& text);     // text and saved text
-  void SetText(const QString& text);  // the text alone
+  // Text and saved text. It is confirmed if it is what the board holds, as far as is known.
+  void Show(const QString& text, bool confirmed = true);
+  void SetText(const QString& text);  // the text alone, confirmed
   QString SavedText() const { return saved_text_; }
+
+  bool IsConfirmed() const { return confirmed_; }
+  // The text that stands there has become one that is confirmed, or one that isn't.
+  std::function<void()> on_standing;
 
   // Puts the saved text back, on white.
   void Restore();
@@ -62,13 +71,18 @@ class EntryBox : public QLineEdit {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
-  void SetGround(const QColor& color);
+  void PutText(const QString& text, bool confirmed);
+  void SetConfirmed(bool confirmed);
+  void Dress();
   void TightenLimit();
 
   ProgramGate& gate_;
   FocusRule focus_rule_ = FocusRule::kEmpties;
   int limit_;
   QString saved_text_;
+  bool confirmed_ = true;
+  bool saved_confirmed_ = true;
+  QColor ground_;  // invalid on white
 };
 
 }  // namespace sorvane

@@ -9,6 +9,7 @@
 #include <QVBoxLayout>
 
 #include "board/errors.h"
+#include "shell/controls/control_hint.h"
 #include "shell/controls/focus_keeper.h"
 #include "shell/gate/guarded_connect.h"
 
@@ -30,6 +31,10 @@ TabPages::TabPages(ProgramGate& gate, QWidget* parent)
   layout->addWidget(pages_, 1);
   ConnectGuarded(gate, strip_, &QTabBar::currentChanged, this,
                  [this](int tab) { ChooseByUser(tab); });
+  new ControlHint(gate, *strip_, [this] {
+    UpdateHints();
+    return QString();  // each tab has its own
+  });
 }
 
 QWidget* TabPages::AddTab(const QString& caption) {
@@ -67,6 +72,13 @@ void TabPages::SetTabOpen(int tab, bool open) {
 bool TabPages::IsTabOpen(int tab) const {
   Require(tab);
   return strip_->isTabEnabled(tab);
+}
+
+void TabPages::UpdateHints() {
+  for (int tab = 0; tab < strip_->count(); ++tab) {
+    const bool open = isEnabled() && IsTabOpen(tab);
+    strip_->setTabToolTip(tab, open || !closed_hint ? QString() : closed_hint());
+  }
 }
 
 void TabPages::Require(int tab) const {

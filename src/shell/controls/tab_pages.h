@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <QWidget>
+#include <functional>
 
 class QStackedWidget;
 class QTabBar;
@@ -35,6 +36,9 @@ class TabPages : public QWidget {
   void SetTabOpen(int tab, bool open);
   bool IsTabOpen(int tab) const;
 
+  // What a closed tab says of itself to the mouse.
+  std::function<QString()> closed_hint;
+
  protected:
   void paintEvent(QPaintEvent* event) override;
 
@@ -42,6 +46,7 @@ class TabPages : public QWidget {
   void Require(int tab) const;
   void ChooseByUser(int tab);
   void BringToFront(int tab);
+  void UpdateHints();
 
   QTabBar* strip_;
   QStackedWidget* pages_;

@@ -21,12 +21,15 @@ void PressAlt(QMainWindow& frame) {
 
 }  // namespace
 
-void AddFrameKeys(ProgramGate& gate, QMainWindow& frame, QMdiArea& area) {
+void AddFrameKeys(ProgramGate& gate, QMainWindow& frame, QMdiArea& area,
+                  std::function<void()> show_manual) {
   const auto add = [&](const QKeySequence& key, auto action) {
     // A key with two meanings would have none; a child window may close by this one already.
     if (QKeySequence::keyBindings(QKeySequence::Close).contains(key)) return;
     ConnectGuarded(gate, new QShortcut(key, &frame), &QShortcut::activated, &frame, action);
   };
+  add(Qt::Key_F1, show_manual);
+  add(Qt::Key_Help, show_manual);
   add(Qt::Key_F10, [&frame] { PressAlt(frame); });
   add(Qt::CTRL | Qt::Key_F6, [&area] { area.activateNextSubWindow(); });
   add(Qt::CTRL | Qt::SHIFT | Qt::Key_F6, [&area] { area.activatePreviousSubWindow(); });

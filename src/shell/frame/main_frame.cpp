@@ -13,11 +13,13 @@
 #include "shell/frame/background.h"
 #include "shell/frame/frame_keys.h"
 #include "shell/frame/main_menu.h"
+#include "shell/frame/manual_window.h"
 #include "shell/frame/page_host.h"
 #include "shell/frame/status_panels.h"
 #include "shell/gate/program_gate.h"
 #include "shell/page/child_form.h"
 #include "shell/page/page_sizes.h"
+#include "texts/program_words.h"
 #include "texts/western_text.h"
 
 namespace sorvane {
@@ -30,35 +32,36 @@ constexpr const char* kSibling = "ARDENZA.EXE";
 constexpr int kFrameCharacters = 172;
 constexpr int kFrameLines = 51;
 
-// What the Windows menu says with no page open. The language files have no line for it, so it is in
-// English but for the Italian file.
-QString NoPageText(const std::string& language) {
-  return language == "Italiano" ? "Nessuna pagina aperta" : "No page is open";
-}
-
 }  // namespace
 
 MainFrame::MainFrame(Outside outside)
-    : out_(std::move(outside)),
-      choices_(out_.settings_file),
-      services_{out_.tables,     out_.access, choices_.messages, out_.gate, out_.dialogs,
-                out_.separators, out_.locale, out_.make_timer,   out_.now} {
+    : out_(std::move(outside)), choices_(out_.settings_file), services_{out_.tables,
+                                                                        out_.access,
+                                                                        choices_.messages,
+                                                                        out_.gate,
+                                                                        out_.dialogs,
+                                                                        out_.separators,
+                                                                        out_.locale,
+                                                                        out_.make_timer,
+                                                                        out_.now,
+                                                                        [this] { return choices_.IsItalian(); }} {
   setObjectName("MDIForm1");
   auto* area = new Background(this);
   setCentralWidget(area);
   menu_ = std::make_unique<MainMenu>(*menuBar(), out_.gate);
   pages_ = std::make_unique<PageHost>(out_.gate, *area, *this);
-  AddFrameKeys(out_.gate, *this, *area);
+  AddFrameKeys(out_.gate, *this, *area, [this] { ShowManual(); });
   const QSize pages(page_size::Pixels(kFrameCharacters, *this),
                     kFrameLines * fontMetrics().height());
   resize(pages.expandedTo({menuBar()->sizeHint().width(), 0}));
   statusBar()->setObjectName("StatusBar1");
   statusBar()->setSizeGripEnabled(false);
-  panels_ = std::make_unique<StatusPanels>(*statusBar());
+  panels_ = std::make_unique<StatusPanels>(out_.gate, *statusBar(),
+                                           [this] { return choices_.IsItalian(); });
 
   AssignActions();
   menu_->on_windows = [this](QMenu& menu) {
-    pages_->FillWindowsMenu(menu, NoPageText(choices_.LanguageName));
+    pages_->FillWindowsMenu(menu, HintText(Hint::kNoPage, choices_.IsItalian()));
   };
   menu_->Enable(MenuEntry::kConnect, false);
   out_.link.on_loaded = [this] { OnConnected(); };
@@ -154,6 +157,11 @@ void MainFrame::FinishLanguageChoice() {
   menu_->InitMenu(choices_.messages);
   choices_.SaveSettings();
   pages_->Refresh();
+}
+
+void MainFrame::ShowManual() {
+  if (!manual_) manual_ = std::make_unique<ManualWindow>();
+  manual_->ShowChapter(pages_->FrontForm(), choices_.IsItalian());
 }
 
 void MainFrame::closeEvent(QCloseEvent* event) {

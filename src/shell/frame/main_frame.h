@@ -17,6 +17,7 @@ namespace sorvane {
 class FrmSer;
 class LinkLamps;
 class MainMenu;
+class ManualWindow;
 class PageHost;
 class StatusPanels;
 
@@ -62,6 +63,7 @@ class MainFrame : public QMainWindow {
   bool LoadIndexTables();
   void Exit();
   void StartSibling();
+  void ShowManual();
   void ShowAndEnd(const MessageBox& box);
 
   Outside out_;
@@ -70,6 +72,7 @@ class MainFrame : public QMainWindow {
   std::unique_ptr<MainMenu> menu_;
   std::unique_ptr<PageHost> pages_;
   std::unique_ptr<StatusPanels> panels_;
+  std::unique_ptr<ManualWindow> manual_;  // once it has been asked for
 };
 
 }  // namespace sorvane

@@ -133,6 +133,10 @@ void PageHost::Refresh() {
   usb->close();
 }
 
+QString PageHost::FrontForm() const {
+  return front_ != nullptr ? front_->Form().objectName() : QString();
+}
+
 void PageHost::CloseAll() {
   const std::vector<Window*> open = windows_;
   for (Window* window : open) window->close();

@@ -36,6 +36,9 @@ class PageHost : public QObject {
   // the language. With no form open it does nothing.
   void Refresh();
 
+  // The name of the form in front; empty where there is none.
+  QString FrontForm() const;
+
   // Unloads and removes all forms.
   void CloseAll();
 

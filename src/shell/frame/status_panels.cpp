@@ -2,9 +2,12 @@
 
 #include <QLabel>
 #include <QStatusBar>
+#include <utility>
 
 #include "link/link_lamps.h"
+#include "shell/controls/control_hint.h"
 #include "shell/controls/lamp.h"
+#include "texts/program_words.h"
 #include "texts/western_text.h"
 
 namespace sorvane {
@@ -12,10 +15,12 @@ namespace {
 
 constexpr int kLampWidth = 17;  // pixels at 100 %: 255 twips
 constexpr std::array<const char*, 3> kLampNames = {"Transmit", "Receive", "Error"};
+constexpr std::array kLampHints = {Hint::kTransmit, Hint::kReceive, Hint::kLineError};
 
 }  // namespace
 
-StatusPanels::StatusPanels(QStatusBar& bar) : bar_(bar), text_(new QLabel(&bar)) {
+StatusPanels::StatusPanels(ProgramGate& gate, QStatusBar& bar, std::function<bool()> italian)
+    : gate_(gate), bar_(bar), text_(new QLabel(&bar)), italian_(std::move(italian)) {
   text_->setObjectName("Panel(1)");
   text_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   bar_.addPermanentWidget(text_, 1);
@@ -29,6 +34,7 @@ void StatusPanels::InitStatusPanels(LinkLamps& lamps) {
     panel->setObjectName(QString("Panel(%1)").arg(LinkLamps::kFirstPanel + static_cast<int>(i)));
     panel->setAccessibleName(kLampNames[i]);
     panel->setMinimumWidth(kLampWidth);
+    new ControlHint(gate_, *panel, [this, i] { return HintText(kLampHints[i], italian_()); });
     bar_.addPermanentWidget(panel);
     lamps_[i] = panel;
   }

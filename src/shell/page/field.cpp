@@ -6,6 +6,7 @@
 #include "board/formats.h"
 #include "board/numbers.h"
 #include "shell/controls/bar.h"
+#include "shell/controls/control_hint.h"
 #include "shell/controls/focus_keeper.h"
 #include "shell/page/page.h"
 #include "texts/western_text.h"
@@ -36,7 +37,10 @@ Field::Field(Page& page, QWidget& parent, const FieldRow& row, int index, FieldS
     bar_->SetSpokenOffset(row.positions.offset);
     if (row.positions.start) bar_->SetPosition(*row.positions.start);
     bar_->on_change = [this] { OnBarChange(); };
+    new ControlHint(page.Gate(), *bar_, [this] { return Range(); });
   }
+  auto* hint = new ControlHint(page.Gate(), *box_, [this] { return HintLines(); });
+  box_->on_standing = [hint] { hint->Update(); };
 }
 
 void Field::LoadCaption() {
@@ -70,7 +74,8 @@ void Field::ShowFieldValue(double raw) {
     bar_->SetPosition(ToInt32(position));
     if (row_.shown == Shown::kAsTheBarTook) shown = position + row_.positions.offset;
   }
-  box_->Show(TextOf(shown));
+  // What waits to be written stands in the table, too, and isn't the board's yet.
+  box_->Show(TextOf(shown), page_.IsParameterFresh(Parameter()));
 }
 
 QString Field::TextOf(double raw) const {
@@ -87,6 +92,25 @@ QString Field::TextOf(double raw) const {
       break;
   }
   return FromWestern(FormatMoney(raw, 0, separators));
+}
+
+// The values that the field can take; empty where they aren't known, or are no numbers.
+QString Field::Range() const {
+  const auto& [offset, minimum, maximum, start, step] = row_.positions;
+  const bool by_bar = bar_ != nullptr;
+  const QString lowest = TextOf(by_bar ? minimum + offset : row_.typed.lowest);
+  const QString highest = TextOf(by_bar ? maximum + offset : row_.typed.highest);
+  if (row_.locked || lowest.isEmpty()) return {};
+  const QString unit = *row_.unit == 0 ? QString() : ' ' + QString::fromUtf8(row_.unit);
+  return QString("%1 \u2013 %2").arg(lowest, highest) + unit;
+}
+
+QString Field::HintLines() const {
+  QStringList lines(Range());
+  if (row_.locked || row_.on_enter == OnEnter::kNothing) lines << page_.HintOf(Hint::kByBarAlone);
+  if (!box_->IsConfirmed()) lines << page_.HintOf(Hint::kNotConfirmed);
+  lines.removeAll(QString());
+  return lines.join('\n');
 }
 
 Entry Field::Parse() const {

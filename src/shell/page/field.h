@@ -81,6 +81,7 @@ struct FieldRow {
   TypedSpan typed = {};
   FocusRule focus = FocusRule::kEmpties;
   bool locked = false;
+  const char* unit = "";  // of the numbers, in UTF-8
 };
 
 // The field pair of one parameter: a text, and a bar that holds the same value and writes it at
@@ -116,6 +117,8 @@ class Field {
   Entry Parse() const;
   QString TextOf(double raw) const;
   int32_t Mirror() const { return row_.mirror == kNoMirror ? 0 : row_.mirror + index_; }
+  QString Range() const;
+  QString HintLines() const;
   void OnBarChange();
   void OnEnterKey();
   void Take(int32_t raw);

@@ -77,6 +77,8 @@ void Page::Refuse(EntryBox& box, Entry::Kind kind) {
 
 QString Page::Message(int n) const { return FromWestern(services_.messages[n]); }
 
+QString Page::HintOf(Hint hint) const { return HintText(hint, services_.italian()); }
+
 void Page::WriteParameterPair(int32_t first, int32_t second, int64_t value) {
   services_.access.WriteParameterPair(first, second, value);
 }

@@ -5,6 +5,7 @@
 
 #include "shell/page/child_form.h"
 #include "shell/page/page_services.h"
+#include "texts/program_words.h"
 #include "texts/text_entry.h"
 
 class QLabel;
@@ -42,6 +43,9 @@ class Page : public ChildForm {
 
   // Message n of the current language.
   QString Message(int n) const;
+
+  // Words that explain a control, in the language that is nearest to the program's.
+  QString HintOf(Hint hint) const;
 
   // A label without text; its name is the control's.
   QLabel* AddLabel(const QString& name, QWidget* parent);

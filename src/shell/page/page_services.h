@@ -26,6 +26,7 @@ struct PageServices {
   QLocale locale;                  // the system's, for dates
   TimerMaker make_timer;           // pages get at it by way of page_timer.h
   std::function<QDateTime()> now;  // the PC's clock, local time
+  std::function<bool()> italian;   // whether that is the program's language
 };
 
 }  // namespace sorvane

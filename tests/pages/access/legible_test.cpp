@@ -15,11 +15,11 @@
 #include <QStyleOptionGroupBox>
 #include <QTabBar>
 #include <algorithm>
-#include <cmath>
 #include <ostream>
 
 #include "board/parameter.h"
 #include "pages/access/shipped_program.h"
+#include "shell/controls/contrast.h"
 #include "shell/controls/entry_box.h"
 #include "shell/controls/record_list.h"
 #include "shell/controls/slider.h"
@@ -33,19 +33,6 @@ namespace {
 
 constexpr double kOpen = 4.5;
 constexpr double kClosed = 3.0;
-
-double Luminance(const QColor& color) {
-  const auto linear = [](double channel) {
-    return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
-  };
-  return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
-         0.0722 * linear(color.blueF());
-}
-
-double Contrast(const QColor& one, const QColor& other) {
-  const auto [darker, lighter] = std::minmax(Luminance(one), Luminance(other));
-  return (lighter + 0.05) / (darker + 0.05);
-}
 
 // The contrast of what is drawn on a picture with its ground, the colour that most of it has.
 double ContrastOn(const QImage& picture) {

@@ -6,6 +6,7 @@
 #include <QPalette>
 
 #include "shell/controls/bench.h"
+#include "shell/controls/contrast.h"
 
 namespace sorvane {
 namespace {
@@ -231,6 +232,69 @@ TEST_F(EntryBoxTest, BehindAShutGateEnterDoesNothing) {
   gate.End(0);
   QTest::keyClick(&box, Qt::Key_Return);
   EXPECT_EQ(enters, 0);
+}
+
+TEST_F(EntryBoxTest, TypedTextStandsSlantedInItsOwnInkUntilItIsShownAnew) {
+  box.Show("5");
+  const QColor ink = Ink();
+  QTest::keyClicks(&box, "1");
+  EXPECT_FALSE(box.IsConfirmed());
+  EXPECT_TRUE(box.font().italic());
+  EXPECT_NE(Ink(), ink);
+  box.Show("51");
+  EXPECT_TRUE(box.IsConfirmed());
+  EXPECT_FALSE(box.font().italic());
+  EXPECT_EQ(Ink(), ink);
+}
+
+TEST_F(EntryBoxTest, TextThatIsShownUnconfirmedStaysSoOverALossOfTheFocus) {
+  box.Show("5", false);
+  EXPECT_TRUE(box.font().italic());
+  box.GotFocus();
+  EXPECT_FALSE(box.font().italic()) << "an empty field has nothing to be confirmed";
+  box.LostFocus();
+  EXPECT_EQ(box.text(), "5");
+  EXPECT_TRUE(box.font().italic());
+  box.SetText("6");
+  EXPECT_FALSE(box.font().italic());
+  box.Restore();
+  EXPECT_TRUE(box.font().italic());
+}
+
+TEST_F(EntryBoxTest, LeavingWhatWasTypedBringsConfirmedTextBack) {
+  box.Show("5");
+  box.GotFocus();
+  QTest::keyClicks(&box, "7");
+  box.LostFocus();
+  EXPECT_EQ(box.text(), "5");
+  EXPECT_TRUE(box.IsConfirmed());
+}
+
+TEST_F(EntryBoxTest, UnconfirmedTextIsLegibleOnEveryGround) {
+  box.Show("5", false);
+  EXPECT_GT(test::Contrast(Ink(), Ground()), 4.5);
+  box.SetRed();
+  EXPECT_EQ(Ink(), QColor(Qt::black));
+  GoDark();
+  box.SetWhite();
+  EXPECT_GT(test::Contrast(Ink(), Ground()), 4.5);
+}
+
+TEST_F(EntryBoxTest, TheSlantMovesNothing) {
+  box.Show("5");
+  const QSize upright = box.sizeHint();
+  box.Show("5", false);
+  EXPECT_EQ(box.sizeHint(), upright);
+}
+
+TEST_F(EntryBoxTest, AChangeOfStandingIsToldOnce) {
+  int told = 0;
+  box.on_standing = [&] { ++told; };
+  QTest::keyClicks(&box, "12");
+  EXPECT_EQ(told, 1);
+  box.Show("12");
+  box.Show("13");
+  EXPECT_EQ(told, 2);
 }
 
 }  // namespace
