@@ -147,6 +147,7 @@ TEST_F(Keys, TheWindowsListDropsWithoutAPageToo) {
   Press(Qt::Key_Down);
   const auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
   ASSERT_NE(menu, nullptr);
+  ASSERT_EQ(menu->actions().size(), 1);
   EXPECT_EQ(menu->actions().constFirst()->text(), "Nessuna pagina aperta");
   Press(Qt::Key_Return);
   Press(Qt::Key_Escape);
