@@ -191,6 +191,15 @@ TEST_F(PaymentHints, AValueThatStandsAlreadyIsConfirmedAtOnce) {
   EXPECT_TRUE(program.Find("FrmPagamento", "Text5(0)").property("confirmed").toBool());
 }
 
+TEST_F(PaymentHints, ANoughtThatTheBarDoesNotTakeIsNeverConfirmed) {
+  program.link.SetBoardNumber(86, 1);
+  Open();
+  Type("Text5(2)", "0");
+  program.Sweep();
+  EXPECT_EQ(Text("Text5(2)"), "0");
+  EXPECT_FALSE(program.Find("FrmPagamento", "Text5(2)").property("confirmed").toBool());
+}
+
 TEST_F(PaymentHints, WhatIsTypedAtACoinStaysUnconfirmedUntilTheBoardAnswersIt) {
   program.link.SetBoardNumber(71, 1);
   Open();

@@ -1,16 +1,12 @@
 #include <gtest/gtest.h>
 
 #include <QAction>
-#include <QApplication>
 #include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
 #include <QStatusBar>
-#include <QTest>
-#include <QTextBlock>
-#include <QTextBrowser>
 
 #include "board/errors.h"
 #include "link/frm_ser.h"
@@ -526,53 +522,6 @@ TEST(Info, ShowsTitleAndRevisionAndTakesNoNotices) {
   EXPECT_EQ(info->windowTitle(), "Info");
   EXPECT_EQ(info->findChild<QLabel*>("Label1")->text(), "Sorvane");
   EXPECT_EQ(info->findChild<QLabel*>("Label2")->text(), "Rev. 1.0.0");
-}
-
-// The window of the manual, or nullptr while it isn't shown.
-QWidget* Manual() {
-  for (QWidget* window : QApplication::topLevelWidgets()) {
-    if (window->objectName() == "Manual" && window->isVisible()) return window;
-  }
-  return nullptr;
-}
-
-// What stands at the top of the manual.
-std::string ManualChapter() {
-  auto* text = Manual()->findChild<QTextBrowser*>();
-  return text->cursorForPosition({50, 5}).block().text().toStdString();
-}
-
-TEST(HelpKey, ShowsTheManualAtItsBeginningWhereNoPageIsOpen) {
-  Program program;
-  program.Start();
-  EXPECT_EQ(Manual(), nullptr);
-  QTest::keyClick(program.frame.get(), Qt::Key_F1);
-  ASSERT_NE(Manual(), nullptr);
-  EXPECT_EQ(ManualChapter(), "Sorvane: the technician's manual");
-  EXPECT_TRUE(program.link.dialogs.Shown().empty());
-}
-
-TEST(HelpKey, ShowsTheChapterOfThePageInFront) {
-  Program program;
-  program.Connect();
-  program.Open("MnuPrezzi");
-  program.Open("MnuAllarmi");
-  QTest::keyClick(program.frame.get(), Qt::Key_Help);
-  ASSERT_NE(Manual(), nullptr);
-  EXPECT_EQ(ManualChapter(), "Alarms");
-  program.Choose("MnuPrezzi");
-  QTest::keyClick(&program.Find("FrmPrezzi", "Text1(0)"), Qt::Key_F1);
-  EXPECT_EQ(ManualChapter(), "Prices");
-}
-
-TEST(HelpKey, TheManualGoesWithTheProgram) {
-  {
-    Program program;
-    program.Start();
-    QTest::keyClick(program.frame.get(), Qt::Key_F1);
-    ASSERT_NE(Manual(), nullptr);
-  }
-  EXPECT_EQ(Manual(), nullptr);
 }
 
 }  // namespace

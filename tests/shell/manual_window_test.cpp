@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QFile>
 #include <QRegularExpression>
 #include <QScrollBar>
@@ -9,7 +10,9 @@
 #include <QTextBlock>
 #include <QTextBrowser>
 
-namespace sorvane {
+#include "shell/program.h"
+
+namespace sorvane::test {
 namespace {
 
 struct ManualTest : testing::Test {
@@ -76,5 +79,52 @@ TEST_F(ManualTest, EscapeClosesIt) {
   EXPECT_FALSE(window.isVisible());
 }
 
+// The window of the manual, or nullptr while it isn't shown.
+QWidget* Manual() {
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (window->objectName() == "Manual" && window->isVisible()) return window;
+  }
+  return nullptr;
+}
+
+// What stands at the top of the manual.
+std::string ManualChapter() {
+  auto* text = Manual()->findChild<QTextBrowser*>();
+  return text->cursorForPosition({50, 5}).block().text().toStdString();
+}
+
+TEST(HelpKey, ShowsTheManualAtItsBeginningWhereNoPageIsOpen) {
+  Program program;
+  program.Start();
+  EXPECT_EQ(Manual(), nullptr);
+  QTest::keyClick(program.frame.get(), Qt::Key_F1);
+  ASSERT_NE(Manual(), nullptr);
+  EXPECT_EQ(ManualChapter(), "Sorvane: the technician's manual");
+  EXPECT_TRUE(program.link.dialogs.Shown().empty());
+}
+
+TEST(HelpKey, ShowsTheChapterOfThePageInFront) {
+  Program program;
+  program.Connect();
+  program.Open("MnuPrezzi");
+  program.Open("MnuAllarmi");
+  QTest::keyClick(program.frame.get(), Qt::Key_Help);
+  ASSERT_NE(Manual(), nullptr);
+  EXPECT_EQ(ManualChapter(), "Alarms");
+  program.Choose("MnuPrezzi");
+  QTest::keyClick(&program.Find("FrmPrezzi", "Text1(0)"), Qt::Key_F1);
+  EXPECT_EQ(ManualChapter(), "Prices");
+}
+
+TEST(HelpKey, TheManualGoesWithTheProgram) {
+  {
+    Program program;
+    program.Start();
+    QTest::keyClick(program.frame.get(), Qt::Key_F1);
+    ASSERT_NE(Manual(), nullptr);
+  }
+  EXPECT_EQ(Manual(), nullptr);
+}
+
 }  // namespace
-}  // namespace sorvane
+}  // namespace sorvane::test

@@ -74,8 +74,11 @@ void Field::ShowFieldValue(double raw) {
     bar_->SetPosition(ToInt32(position));
     if (row_.shown == Shown::kAsTheBarTook) shown = position + row_.positions.offset;
   }
-  // What waits to be written stands in the table, too, and isn't the board's yet.
-  box_->Show(TextOf(shown), page_.IsParameterFresh(Parameter()));
+  // What waits to be written stands in the table, too, and isn't the board's yet; and what the bar
+  // didn't take is never written.
+  const bool confirmed =
+      page_.IsParameterFresh(Parameter()) && page_.ReadParameter(Parameter()) == raw;
+  box_->Show(TextOf(shown), confirmed);
 }
 
 QString Field::TextOf(double raw) const {
