@@ -12,9 +12,6 @@ class FrameKeys(Scene):
         self.discounts = self.page
         self.open("?", title="Info")
 
-    def front(self):
-        return next((page.name for page in self.program.pages() if page.has("active")), None)
-
     def test_f10_goes_to_the_menu_bar(self):
         self.desk.press("F10")
         wait_for("mark on the first entry", lambda: self.program.entry("Connect").has("focused"))
@@ -27,6 +24,15 @@ class FrameKeys(Scene):
 
     def discounts_have_the_keyboard(self):
         return self.discounts.focus() is not None or self.discounts.has("focused")
+
+    def test_f1_shows_the_manual_at_the_page_in_front(self):
+        self.desk.press("F1")
+        manual = wait_for("manual", self.program.manual)
+        self.assertEqual(manual.name, "Sorvane: manuale del tecnico")
+        self.assertFalse(self.program.has_box())
+        self.program.leave_manual()
+        self.desk.press("ctrl+F6")
+        wait_for("discounts in use", self.discounts_have_the_keyboard)
 
     def test_ctrl_f4_closes_the_page_in_front(self):
         self.desk.press("ctrl+F4")

@@ -8,6 +8,7 @@ from screen import below, focused, names, of_role, with_state
 from wait import wait_for
 
 BOX = "alert message"
+MANUAL = "dialog"
 END_WITHIN = 2.0  # seconds from the closing of the frame, on processors of its own
 MOST_STEPS = 60  # with Tab or an arrow; more than any page has controls and any menu entries
 
@@ -55,6 +56,16 @@ class Program(offspring.Running):
     def _front(self):
         return wait_for("frame in front",
                         lambda: next(iter(with_state(self._windows("frame"), "active")), None))
+
+    def manual(self):
+        """The window of the manual, or None while it isn't shown."""
+        return next(iter(with_state(self._windows(MANUAL), "showing")), None)
+
+    def leave_manual(self):
+        """Closes the manual by its key and gives the keyboard back to the frame."""
+        self._desk.press("Escape")
+        wait_for("end of the manual", lambda: self.manual() is None)
+        self._front()
 
     def lamp(self, name):
         """Whether a lamp of the status bar, "Transmit", "Receive" or "Error", is lit."""

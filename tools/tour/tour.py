@@ -54,6 +54,8 @@ class Tour(Visit):
         self.open_each_page()
         self.choose_each_payment_system()
         self.change_a_discount()
+        self.type_to_a_silent_board()
+        self.open_the_manual()
         self.type_garbage()
         self.pull_the_cable()
         self.show_info()
@@ -109,6 +111,21 @@ class Tour(Visit):
             raise RuntimeError(f"the board says {answer} of discount 3")
         self.step("memory", f"The board holds it: asked \"{question}\" in its terminal, it answers "
                   f"\"{answer}\".", ("SorvaneBoard, in its terminal", (question, answer)))
+
+    def type_to_a_silent_board(self):
+        field = self._program.page("Sconti").find("text", "Sconto 5")
+        self._board.tell("fault silent")
+        self._program.type_into(field, "0.45")
+        self.step("unconfirmed", "The board is silent: what was typed stays slanted.")
+        self._board.tell("fault none")
+        self._board.wait_round()
+        self.step("confirmed", "It answers again, and the discount stands upright.")
+
+    def open_the_manual(self):
+        self._desk.press("F1")
+        wait_for("manual", self._program.manual)
+        self.step("manual", "F1 opens the manual at the chapter of the page.")
+        self._program.leave_manual()
 
     def type_garbage(self):
         page = self._program.page("Sconti")
