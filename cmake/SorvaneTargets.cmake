@@ -32,11 +32,30 @@ function(sorvane_common target)
   endif()
 endfunction()
 
+# What a program that ships and its libraries are built with. In the release of Linux a write past
+# the end of a buffer ends the program: what lies on the stack is watched, and so are the calls of the C
+# library that fill buffers. A program lies at another address at each start, and what the loader fills in
+# is complete at the start and read-only from then on. Sanitizers watch the same by other means, coverage
+# isn't optimized, without which the calls can't be watched, and MinGW has no such loader.
+# tests/packages/test_hardening.py reads it from the files.
+function(sorvane_shipped target)
+  sorvane_common(${target})
+  if(CMAKE_SYSTEM_NAME STREQUAL "Linux" AND CMAKE_BUILD_TYPE STREQUAL "Release"
+     AND NOT SORVANE_SANITIZE AND NOT SORVANE_FUZZ AND NOT SORVANE_COVERAGE)
+    target_compile_options(${target} PRIVATE -fstack-protector-strong -fstack-clash-protection
+      -Wformat-security -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2)
+    get_target_property(type ${target} TYPE)
+    if(type STREQUAL "EXECUTABLE")
+      target_link_options(${target} PRIVATE -pie -Wl,-z,relro -Wl,-z,now)
+    endif()
+  endif()
+endfunction()
+
 # What the libraries of the floors are built with. Lets libFuzzer see which way their code takes; what
 # drives it isn't watched. Comparisons aren't either: the targets know right answers by themselves, and
 # it would take half of the speed. Where coverage is asked for, their lines and branches are counted.
 function(sorvane_floor_library target)
-  sorvane_common(${target})
+  sorvane_shipped(${target})
   if(SORVANE_FUZZ)
     target_compile_options(${target} PRIVATE
       -fsanitize=fuzzer-no-link -fno-sanitize-coverage=trace-cmp)
