@@ -39,6 +39,7 @@ std::optional<Options> ReadOptions(int argc, const char* const* argv,
   int revision = options.identity.revision;
   CommandLine line("The board of a vending machine, simulated on a pseudo-terminal.",
                    "SorvaneBoard");
+  line.SetVersion(CommandLine::VersionOf("SorvaneBoard"));
   line.SetFooter("While it runs, it takes commands on standard input; help lists them.");
   line.AddNumber("--type", type, {.least = 0, .most = 65535}, "board type");
   line.AddNumber("--number", number, kByte, "board number");

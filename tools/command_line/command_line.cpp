@@ -38,6 +38,10 @@ void CommandLine::SetVersion(const std::string& words) {
   parser_->app.set_version_flag("--version", words);
 }
 
+std::string CommandLine::VersionOf(const std::string& program) {
+  return program + " " SORVANE_VERSION;
+}
+
 void CommandLine::AddArgument(const std::string& name, std::string& value,
                               const std::string& help) {
   parser_->app.add_option(name, value, help)->required();

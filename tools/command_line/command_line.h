@@ -31,6 +31,8 @@ class CommandLine {
   void SetFooter(const std::string& words);
   // What --version prints.
   void SetVersion(const std::string& words);
+  // What it prints of a program that has the version of the project: its name and that.
+  static std::string VersionOf(const std::string& program);
 
   // Arguments that stand on the line by their place and can't be missing: one, or one and more.
   void AddArgument(const std::string& name, std::string& value, const std::string& help);

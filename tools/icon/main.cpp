@@ -7,6 +7,7 @@
 
 int main(int argc, char** argv) {
   sorvane::CommandLine line("Writes the program's icon as sorvane-SIZE.png in all its sizes.");
+  line.SetVersion(sorvane::CommandLine::VersionOf("SorvaneIcon"));
   std::string folder;
   line.AddArgument("folder", folder, "Folder for the pictures");
   int exit_code = 0;

@@ -8,6 +8,7 @@
 int main(int argc, char** argv) {
   sorvane::CommandLine line(
       "Translates between readable tables and index files (.inx), and checks tables.");
+  line.SetVersion(sorvane::CommandLine::VersionOf("SorvaneIndex"));
   std::string table;
   std::string index_file;
   std::string names;

@@ -174,6 +174,7 @@ TEST_F(LanguageCheckTest, ALineSavedAsUtf8IsFound) {
   Seconda(52) = "a\xC3\xB1o";      // two bytes for one letter
   Seconda(53) = "a\xF1o";          // the same word as it should be
   Seconda(54) = "\xC3\xB1o \xE9";  // a letter that UTF-8 would not let stand
+  Seconda(23) = "\xE0\x80\xAF";    // longer than UTF-8 lets it be
   Seconda(24) = "\xE2\x82\xAC";    // the Euro sign, three bytes
   Seconda(25) =
       "20 \xB0"

@@ -3,6 +3,7 @@ to read and to write. SORVANE_INDEX and its like in the environment name the pro
 
 import os
 import pathlib
+import re
 import shutil
 import subprocess
 import tempfile
@@ -16,11 +17,18 @@ USAGE_ERROR = 2
 BAD_LINES = {
     "SORVANE_INDEX": ([], ["compile"], ["compile", "a", "b", "c"], ["mend", "a"],
                       ["decompile", "a", "b", "--level", "3"], ["decompile", "a", "b"], ["check"]),
-    "SORVANE_LANGUAGES": ([], ["a", "b"], ["a", "--colour"], ["a", "--reference"]),
+    "SORVANE_LANGUAGES": ([], ["a", "b"], ["a", "--colour"], ["a", "--reference"],
+                          ["a", "--from-utf8"]),
     "SORVANE_ICON": ([], ["a", "b"], ["--colour"]),
     "SORVANE_BOARD": (["--colour"], ["a"], ["--baud", "299"], ["--fault", "silence"], ["--link"],
                       ["--fault", "slow", "--refuse-day-0"]),
+    "SORVANE_CLI": ([], ["--colour"], ["mend"], ["get"], ["--format", "xml", "audit"]),
 }
+# What each of them calls itself.
+NAMES = {"SORVANE_INDEX": "SorvaneIndex", "SORVANE_LANGUAGES": "SorvaneLanguages",
+         "SORVANE_ICON": "SorvaneIcon", "SORVANE_BOARD": "SorvaneBoard", "SORVANE_CLI": "sorvane-cli"}
+VERSION = re.search(r"project\(Sorvane VERSION ([\d.]+)",
+                    (ROOT / "CMakeLists.txt").read_text(encoding="utf-8"))[1]
 
 
 def run(program, *arguments):
@@ -69,6 +77,14 @@ class CommandLines(CompanionTest):
                 done = run(program, "--help")
                 self.assertEqual((done.returncode, done.stderr), (0, ""))
                 self.assertIn("--help", done.stdout)
+
+    def test_the_version_is_that_of_the_project(self):
+        self.assertEqual(set(NAMES), set(BAD_LINES))
+        for program, name in NAMES.items():
+            with self.subTest(program=program):
+                done = run(program, "--version")
+                self.assertEqual((done.returncode, done.stdout, done.stderr),
+                                 (0, f"{name} {VERSION}\n", ""))
 
 
 class IndexCompiler(CompanionTest):
@@ -145,3 +161,27 @@ class LanguageCheck(CompanionTest):
                 (folder / name).unlink()
                 pipe = self.pipe(folder / name)
                 self.assert_failed(run("SORVANE_LANGUAGES", str(folder)), 2, f"can't read {pipe}")
+
+    def test_a_text_in_utf_8_becomes_a_language_file_and_is_checked(self):
+        folder, text = self.languages(), self.folder / "Romansh.txt"
+        words = (folder / "Dansk.lng").read_bytes().decode("cp1252")
+        text.write_text(words.replace("\r\n", "\n"), encoding="utf-8")
+        done = run("SORVANE_LANGUAGES", str(folder), "--from-utf8", str(text))
+        self.assertEqual((folder / "Romansh.lng").read_bytes(), words.encode("cp1252"))
+        # Danish has no word that is the same in Italian.
+        self.assertEqual((done.returncode, done.stdout, done.stderr), (0, "", ""))
+        (folder / "same-words.txt").write_text("words\n", encoding="ascii")
+        done = run("SORVANE_LANGUAGES", str(folder), "--from-utf8", str(text))
+        self.assert_failed(done, 2, "same-words.txt:1: ")
+
+    def test_a_text_that_the_character_set_cant_hold_is_told_and_not_checked(self):
+        folder, text = self.languages(), self.folder / "Romana.txt"
+        text.write_text("parolă\n", encoding="utf-8")
+        done = run("SORVANE_LANGUAGES", str(folder), "--from-utf8", str(text))
+        self.assertEqual((done.returncode, done.stdout, done.stderr),
+                         (1, "Romana.txt:1: U+0103, which code page 1252 doesn't have\n", ""))
+        self.assertFalse((folder / "Romana.lng").exists())
+
+    def test_a_text_that_isnt_there_is_told_on_standard_error(self):
+        self.assert_failed(run("SORVANE_LANGUAGES", str(self.languages()), "--from-utf8",
+                               str(self.folder / "absent.txt")), 2, "can't read", "absent.txt")
