@@ -7,6 +7,9 @@ set(CMAKE_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXE
 set(CPACK_PACKAGE_NAME Sorvane)
 set(CPACK_PACKAGE_VENDOR "The Sorvane developers")
 set(CPACK_PACKAGE_CONTACT "The Sorvane developers <developers@sorvane.invalid>")
+# The one place to change once the project has a host. The name is a reserved one, which nobody can
+# have.
+set(SORVANE_HOMEPAGE https://sorvane.invalid)
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "service tool for the control board of a vending machine")
 set(CPACK_STRIP_FILES ON)
 set(CPACK_PACKAGE_DIRECTORY ${CMAKE_BINARY_DIR})
@@ -26,11 +29,8 @@ function(sorvane_install_program_folder destination)
     FILES_MATCHING PATTERN *.lng)
 endfunction()
 
-# What making further index and language files takes besides the two tools.
-function(sorvane_install_documents documents examples)
-  install(FILES ${CMAKE_SOURCE_DIR}/docs/files.md DESTINATION ${documents})
-  install(FILES ${CMAKE_SOURCE_DIR}/data/languages/README.md DESTINATION ${documents}
-    RENAME languages.md)
+# What further index and language files are made of besides the two tools and what is told of them.
+function(sorvane_install_examples examples)
   install(DIRECTORY ${CMAKE_SOURCE_DIR}/data/index/ DESTINATION ${examples}
     FILES_MATCHING PATTERN W*.txt)
   install(FILES ${CMAKE_SOURCE_DIR}/data/languages/same-words.txt DESTINATION ${examples})

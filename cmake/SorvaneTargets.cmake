@@ -33,11 +33,11 @@ function(sorvane_common target)
 endfunction()
 
 # What a program that ships and its libraries are built with. In the release of Linux a write past
-# the end of a buffer ends the program: what lies on the stack is watched, and so are the calls of the C
-# library that fill buffers. A program lies at another address at each start, and what the loader fills in
-# is complete at the start and read-only from then on. Sanitizers watch the same by other means, coverage
-# isn't optimized, without which the calls can't be watched, and MinGW has no such loader.
-# tests/packages/test_hardening.py reads it from the files.
+# the end of a buffer ends the program: what lies on the stack is watched, and so are the calls of
+# the C library that fill buffers. A program lies at another address at each start, and what the
+# loader fills in is complete at the start and read-only from then on. Sanitizers watch the same by
+# other means, coverage isn't optimized, without which the calls can't be watched, and MinGW has no
+# such loader. tests/packages/test_hardening.py reads it from the files.
 function(sorvane_shipped target)
   sorvane_common(${target})
   if(CMAKE_SYSTEM_NAME STREQUAL "Linux" AND CMAKE_BUILD_TYPE STREQUAL "Release"

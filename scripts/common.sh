@@ -21,7 +21,9 @@ bench_packages=(libmodbus-dev libxcb1-dev)
 check_packages=(clang-format clang-tidy clazy)
 
 # The Debian package.
-debian_packages=(dpkg-dev desktop-file-utils appstream shellcheck lintian man-db)
+debian_packages=(
+  dpkg-dev desktop-file-utils appstream shellcheck lintian man-db doc-base xdg-utils xterm
+)
 
 # The Windows program.
 windows_packages=(

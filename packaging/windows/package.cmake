@@ -4,7 +4,9 @@ set(texts ${CMAKE_SOURCE_DIR}/packaging/windows)
 
 sorvane_install_program_folder(.)
 install(TARGETS SorvaneIndex SorvaneLanguages RUNTIME DESTINATION .)
-sorvane_install_documents(tables tables)
+sorvane_install_examples(tables)
+install(FILES ${CMAKE_SOURCE_DIR}/docs/files.md DESTINATION tables)
+install(FILES ${CMAKE_SOURCE_DIR}/data/languages/README.md DESTINATION tables RENAME languages.md)
 
 # The setup treats the settings apart from all other files.
 install(FILES ${CMAKE_SOURCE_DIR}/data/Sorvane.ini DESTINATION . COMPONENT settings)

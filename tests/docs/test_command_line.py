@@ -10,12 +10,11 @@ import unittest
 
 from man_page import ManPage
 from markdown import ROOT
+from program_help import OPTION, commands_of, options_of
 
 PAGES = ROOT / "packaging" / "linux"
 PROGRAM = pathlib.Path(os.environ["SORVANE_FOLDER"]) / "sorvane-cli"
 LIMIT = 60  # seconds for a command
-
-OPTION = re.compile(r"(?<![\w-])--?[a-z][a-z-]*")
 
 
 def said(*words, code=0):
@@ -26,21 +25,6 @@ def said(*words, code=0):
     if run.returncode != code:
         raise AssertionError(f"{words}: exit code {run.returncode}: {run.stderr}")
     return run.stdout
-
-
-def rows(text, title):
-    """The rows of a part of the help, each without its explanation."""
-    part = re.search(rf"^{title}:\n((?:  .*\n)*)", text, re.MULTILINE)
-    return [line for line in part[1].splitlines() if not line.startswith("   ")] if part else []
-
-
-def options_of(text):
-    return {option for row in rows(text, "Options")
-            for option in OPTION.findall(re.split(r" {2,}|[ :]", row.strip())[0])}
-
-
-def commands_of(text):
-    return [row.split()[0] for row in rows(text, "Subcommands")]
 
 
 def shape(value):
@@ -167,7 +151,7 @@ class Shapes(unittest.TestCase):
         held = json.loads(said("--port", self.link, "backup"))
         told = [name for tag in page.tags("MEMBERS") for name in tag.split(", ")]
         self.assertEqual(told, [*held, *held["values"][0]])
-        [(_, example)] = page.examples("EXAMPLE")
+        [(_, example)] = page.examples("EXAMPLES")
         self.assertEqual({**shape(json.loads(example)), "values": []},
                          {**shape(held), "values": []})
         self.snapshot.write_text(f"{example}\n", encoding="utf-8")

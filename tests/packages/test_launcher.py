@@ -1,14 +1,10 @@
 """The installed commands, which keep a program folder for each user."""
 
-import itertools
 import os
-import pathlib
-import shutil
 import subprocess
-import unittest
 
 import offspring
-import package
+from installed import Installed
 from program import Program
 from wait import PATIENCE, wait_for
 
@@ -27,23 +23,7 @@ class InstalledProgram(Program):
                                             stdin=subprocess.DEVNULL, stdout=sink, stderr=sink)
 
 
-class Launcher(unittest.TestCase):
-    _numbers = itertools.count(1)
-
-    def setUp(self):
-        self.desk = package.desk
-        # A blank in every path, as homes and mounted disks may have.
-        self.place = self.desk.folder / f"place {next(self._numbers)}"
-        self.home = self.place / "a home"
-        self.home.mkdir(parents=True)
-        self.addCleanup(shutil.rmtree, self.place)
-        package.unpack(self.place / "root of it")
-        self.installed = self.place / "root of it/usr/lib/sorvane"
-        self.commands = self.place / "root of it/usr/bin"
-        self.environment = self.desk.environment | {"HOME": str(self.home)}
-        self.own = self.home / ".local/share/sorvane/Sorvane"
-        self.complaints = self.place / "stderr"
-
+class Launcher(Installed):
     def start(self):
         program = InstalledProgram(self.desk, self.commands / "sorvane", self.environment,
                                    self.complaints)
@@ -59,15 +39,9 @@ class Launcher(unittest.TestCase):
 
     def update(self):
         """Brings up to date, by the board's command, which then only says what it can do."""
-        return subprocess.run([str(self.commands / "sorvaneboard"), "--help"], check=False,
+        return subprocess.run([str(self.commands / "sorvane-board"), "--help"], check=False,
                               env=self.environment, cwd="/", stdin=subprocess.DEVNULL,
                               stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True,
-                              timeout=PATIENCE)
-
-    def run_cli(self, *arguments):
-        return subprocess.run([str(self.commands / "sorvane-cli"), *arguments], check=False,
-                              env=self.environment, cwd="/", stdin=subprocess.DEVNULL,
-                              stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True,
                               timeout=PATIENCE)
 
     def update_well(self):
@@ -177,7 +151,7 @@ class Launcher(unittest.TestCase):
         self.assertEqual(after, before)
 
     def start_board(self, *arguments):
-        board = offspring.start([str(self.commands / "sorvaneboard"), "--quiet", *arguments], cwd="/",
+        board = offspring.start([str(self.commands / "sorvane-board"), "--quiet", *arguments], cwd="/",
                                 env=self.environment, stdin=subprocess.PIPE,
                                 stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
         self.addCleanup(board.communicate)
