@@ -51,6 +51,16 @@ function(sorvane_shipped target)
   endif()
 endfunction()
 
+# Gives the file of a program the properties that Windows shows, with what it is in English and
+# Italian, in plain ASCII.
+function(sorvane_file_properties target english italian)
+  if(WIN32)
+    set(properties ${CMAKE_CURRENT_BINARY_DIR}/${target}.properties.rc)
+    configure_file(${CMAKE_SOURCE_DIR}/cmake/FileProperties.rc.in ${properties} @ONLY)
+    target_sources(${target} PRIVATE ${properties})
+  endif()
+endfunction()
+
 # What the libraries of the floors are built with. Lets libFuzzer see which way their code takes; what
 # drives it isn't watched. Comparisons aren't either: the targets know right answers by themselves, and
 # it would take half of the speed. Where coverage is asked for, their lines and branches are counted.

@@ -27,7 +27,7 @@ debian_packages=(
 
 # The Windows program.
 windows_packages=(
-  g++-mingw-w64-x86-64-posix dpkg-dev wine wine64 nsis fonts-liberation icoutils
+  g++-mingw-w64-x86-64-posix dpkg-dev wine wine64 nsis fonts-liberation icoutils locales
   python3-pil python3-xlib python3-tesserocr tesseract-ocr-eng tesseract-ocr-fra
 )
 

@@ -7,9 +7,9 @@ import unittest
 
 import package
 
-# With buffers watched, each of them gives way to one that is told how much fits. vsnprintf is no sign:
-# the C++ library's headers take its address.
-UNWATCHED = {"printf", "fprintf", "sprintf", "snprintf", "vprintf", "vfprintf", "vsprintf"}
+# With buffers watched, each of them gives way to one that is told how much fits. vsnprintf is no
+# sign: the C++ library's headers take its address.
+UNWATCHED = set("printf fprintf sprintf snprintf vprintf vfprintf vsprintf".split())
 
 
 def read(file, what):

@@ -3,6 +3,7 @@
 import os
 import pathlib
 import shutil
+import subprocess
 import unittest
 import zipfile
 
@@ -10,6 +11,7 @@ import places
 import sight
 from app import START, App
 from bench import bench
+from prefix import Prefix
 from wait import wait_for
 
 KEY = r"HKCU\Software\Microsoft\Windows\CurrentVersion\Uninstall\Sorvane"
@@ -28,6 +30,11 @@ CHANGED = b"Com=2\r\nLingua=Deutsch\r\n"
 RUNNING = 1  # what a silent setup answers if the program runs
 SETUP = "Sorvane Setup"
 REMOVING = "Sorvane Uninstall"
+ITALIAN_SETUP = "Installazione di Sorvane"
+ITALIAN_REMOVING = "Disinstallazione di Sorvane"
+ENTRY_TEXTS = {"English": "Read and change what the control board of a vending machine holds",
+               "Italian": "Legge e modifica ciò che è memorizzato nella scheda di un distributore "
+                          "automatico"}
 HEAD = (0, 0, 400, 55)  # pixels: where each screen of the setup has its heading
 NAME = "Perù con gli spazi"
 
@@ -67,6 +74,12 @@ def close(test, app):
 def take_picture(name):
     places.PICTURES.mkdir(parents=True, exist_ok=True)
     bench.desk.take_picture(places.PICTURES / f"installer-{name}.png")
+
+
+def find_window(title):
+    """The window of a title, without what stands around that; None if there is none."""
+    return next((window for window in bench.windows.all()
+                 if window.managed and window.title.strip() == title), None)
 
 
 class Zip(unittest.TestCase):
@@ -135,13 +148,9 @@ class Installer(unittest.TestCase):
         wait_for("end of the removing",
                  lambda: not (self.folder / REMOVER).exists() and not copy_of_remover_runs())
 
-    def window(self, title):
-        return next((window for window in bench.windows.all()
-                     if window.managed and window.title.strip() == title), None)
-
     def wait_screen(self, title, heading):
         """Waits until a window is in front and shows the screen with that heading."""
-        wait_for(f"{heading} of {title}", lambda: (window := self.window(title)) and
+        wait_for(f"{heading} of {title}", lambda: (window := find_window(title)) and
                  window.number == bench.windows.active() and self.shows(window, heading), START)
 
     @staticmethod
@@ -167,6 +176,7 @@ class Installer(unittest.TestCase):
         self.install()
         target = r"\AppData\Local\Programs\Sorvane\Sorvane.exe".encode("ascii")
         self.assertIn(target, self.entry.read_bytes())
+        self.assertIn(ENTRY_TEXTS["English"].encode("utf-16-le"), self.entry.read_bytes())
 
     def test_windows_can_list_and_remove_it(self):
         self.install()
@@ -200,7 +210,7 @@ class Installer(unittest.TestCase):
         self.wait_screen(REMOVING, "Uninstallation Complete")
         take_picture("removed")
         bench.desk.press("Return")
-        wait_for("end of the remover", lambda: not self.window(REMOVING))
+        wait_for("end of the remover", lambda: not find_window(REMOVING))
         self.assertEqual(installed(self.folder), {"Sorvane.ini": SAMPLE})
 
     def test_the_installed_program_shows_its_frame_and_saves_its_settings(self):
@@ -274,3 +284,34 @@ class Installer(unittest.TestCase):
         self.assertEqual(installed(self.folder).keys(), {*shipped(), REMOVER})
         self.remove()
         self.assertEqual([*self.folder.iterdir()], [self.settings])
+
+
+class ItalianInstaller(unittest.TestCase):
+    """The same where Windows speaks Italian, which Wine does by the locale of the machine."""
+
+    def setUp(self):
+        folder = bench.desk.folder / "italian"
+        folder.mkdir()
+        self.addCleanup(shutil.rmtree, folder)
+        subprocess.run(["localedef", "--inputfile=it_IT", "--charmap=UTF-8",
+                        str(folder / "it_IT.UTF-8")], check=True)
+        self.prefix = Prefix(folder / "prefix", {
+            **bench.desk.environment, "LOCPATH": str(folder), "LC_ALL": "it_IT.UTF-8"})
+        self.addCleanup(self.prefix.close)
+
+    def wait_shown(self, title, program):
+        """Waits until a program shows a window of the title, of which it takes a picture."""
+        process = self.prefix.start(program)
+        self.addCleanup(process.wait)
+        self.addCleanup(process.kill)
+        wait_for(title, lambda: find_window(title), START)
+        take_picture(title.partition(" ")[0].lower())
+
+    def test_setup_entry_and_remover_speak_italian(self):
+        setup = places.package("-setup.exe")
+        self.assertEqual(self.prefix.run(setup, "/S").returncode, 0)
+        user = next(self.prefix.drive_c.glob("users/*/AppData"))
+        entry = user / "Roaming/Microsoft/Windows/Start Menu/Programs/Sorvane.lnk"
+        self.assertIn(ENTRY_TEXTS["Italian"].encode("utf-16-le"), entry.read_bytes())
+        self.wait_shown(ITALIAN_SETUP, setup)
+        self.wait_shown(ITALIAN_REMOVING, user / "Local/Programs/Sorvane" / REMOVER)

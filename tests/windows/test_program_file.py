@@ -19,7 +19,7 @@ OF_WINDOWS = set("""
 
 
 class File:
-    """Of a program; name and subsystem are its own."""
+    """Of a program; name, subsystem and descriptions are its own."""
 
     @classmethod
     def setUpClass(cls):
@@ -34,6 +34,20 @@ class File:
         self.assertIn("kernel32.dll", needed)
         self.assertEqual(needed - OF_WINDOWS, set())
 
+    def test_it_tells_what_it_is_in_english_and_italian(self):
+        told = read("wrestool", "--extract", "--raw", "--type=16", self.file).decode("utf-16-le",
+                                                                                     "replace")
+        both = re.search("040904E4(.*)041004E4(.*)VarFileInfo.*Translation\0+(.{4})", told,
+                         re.DOTALL | re.IGNORECASE)
+        for block, description in zip((both[1], both[2]), self.descriptions):
+            values = dict(re.findall(r"(\w+)\0+([^\0]+)\0", block))
+            self.assertEqual(values["FileDescription"], description)
+            self.assertEqual(values["OriginalFilename"], self.name)
+            self.assertEqual(values["ProductName"], "Sorvane")
+            self.assertRegex(values["FileVersion"], r"^\d+\.\d+\.\d+$")
+            self.assertEqual(values["ProductVersion"], values["FileVersion"])
+        self.assertEqual([ord(number) for number in both[3]], [0x409, 1252, 0x410, 1252])
+
     def test_it_brings_a_console_where_that_is_its_place_alone(self):
         self.assertEqual(re.search(r"^Subsystem\s+\d+\s+\((.*)\)$", self.headers, re.M)[1],
                          self.subsystem)
@@ -42,22 +56,30 @@ class File:
 class CommandLineFile(File, unittest.TestCase):
     name = "sorvane-cli.exe"
     subsystem = "Windows CUI"
+    descriptions = ("Sorvane, command line", "Sorvane, riga di comando")
+
+
+class IndexCompilerFile(File, unittest.TestCase):
+    name = "SorvaneIndex.exe"
+    subsystem = "Windows CUI"
+    descriptions = ("Sorvane, compiler of index files", "Sorvane, compilatore dei file indice")
+
+
+class LanguageCheckFile(File, unittest.TestCase):
+    name = "SorvaneLanguages.exe"
+    subsystem = "Windows CUI"
+    descriptions = ("Sorvane, check of language files", "Sorvane, controllo dei file di lingua")
 
 
 class ProgramFile(File, unittest.TestCase):
     name = "Sorvane.exe"
     subsystem = "Windows GUI"
+    descriptions = ("Sorvane, service tool", "Sorvane, strumento di assistenza")
 
     @classmethod
     def setUpClass(cls):
         super().setUpClass()
         cls.resources = read("wrestool", "--list", cls.file).decode()
-
-    def test_it_tells_its_version(self):
-        told = read("wrestool", "--extract", "--raw", "--type=16", self.file).decode("utf-16-le",
-                                                                                     "replace")
-        for words in ("ProductName\0\0Sorvane\0", "FileVersion", "ProductVersion"):
-            self.assertIn(words, told)
 
     def test_it_has_one_manifest_which_asks_for_no_more_rights(self):
         self.assertEqual(len(re.findall(r"--type=24 ", self.resources)), 1)
