@@ -53,6 +53,24 @@ class Tools(unittest.TestCase):
         (self.folders["windows"] / "languages" / "Dansk.lng").write_bytes(b"Adgangskode\r\n")
         self.assertEqual(self.run_both("SorvaneLanguages", "languages").returncode, 1)
 
+    def test_a_text_in_utf_8_becomes_the_same_language_file(self):
+        words = (self.folders["linux"] / "languages" / "Dansk.lng").read_bytes().decode("cp1252")
+        for folder in self.folders.values():
+            (folder / "Romansh.txt").write_bytes(words.replace("\r\n", "\n").encode())
+            (folder / "Romana.txt").write_bytes("parolă\n".encode())
+        told = self.run_both("SorvaneLanguages", "languages", "--from-utf8", "Romansh.txt")
+        self.assertEqual((told.returncode, told.stdout), (0, b""))
+        made = self.folders["windows"] / "languages" / "Romansh.lng"
+        self.assertEqual(made.read_bytes(), words.encode("cp1252"))
+        told = self.run_both("SorvaneLanguages", "languages", "--from-utf8", "Romana.txt")
+        self.assertEqual(told.returncode, 1)
+
+    def test_they_tell_the_same_version(self):
+        for tool in places.LINUX_TOOLS:
+            told = self.run_both(tool, "--version")
+            self.assertEqual(told.returncode, 0)
+            self.assertRegex(told.stdout, rf"^{tool} \d".encode())
+
 
 def outcome(run):
     """Exit code and words of a program that has ended, whatever ends its lines."""
