@@ -3,6 +3,7 @@
 import gzip
 import pathlib
 import re
+import shutil
 import subprocess
 import tempfile
 import unittest
@@ -85,6 +86,20 @@ class Contents(unittest.TestCase):
             package.ask(str(self.root / "usr/bin/sorvane-index"), "compile", str(table), str(made))
             shipped = self.root / "usr/lib/sorvane" / f"{table.stem}.inx"
             self.assertEqual(shipped.read_bytes(), made.read_bytes(), table.name)
+
+    def test_the_language_check_works_with_what_is_shipped(self):
+        folder = self.root / "languages"
+        folder.mkdir()
+        for file in (self.root / "usr/lib/sorvane").glob("*.lng"):
+            shutil.copy(file, folder)
+        shutil.copy(self.root / "usr/share/doc/sorvane/examples/same-words.txt", folder)
+        check = [str(self.root / "usr/bin/sorvane-languages"), str(folder)]
+        self.assertEqual(package.ask(*check), "")
+        words = (folder / "Dansk.lng").read_bytes()
+        text = folder / "Romansh.txt"
+        text.write_text(words.decode("cp1252"), encoding="utf-8", newline="")
+        self.assertEqual(package.ask(*check, "--from-utf8", str(text)), "")
+        self.assertEqual((folder / "Romansh.lng").read_bytes(), words)
 
     def test_the_sample_settings_are_shipped(self):
         self.assertEqual((self.root / "usr/lib/sorvane/Sorvane.ini").read_bytes(),
