@@ -27,7 +27,7 @@ constexpr double kTitleBar = 1.6;    // of a child window
 
 // Shares of the text's colour in a line's.
 constexpr double kFrameInk = 0.2;
-constexpr double kReadingInk = 0.35;  // around what can only be read, a list too
+constexpr double kReadingInk = 0.35;  // around what can only be read, a list too, and behind tabs
 constexpr double kWindowInk = 0.6;    // around a child window
 
 // The least contrast of a closed text with its ground, as the accessibility guidelines of the web
@@ -151,6 +151,9 @@ void ProgramStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* o
                                  QPainter* painter, const QWidget* widget) const {
   if (element == PE_FrameGroupBox) {
     DrawBox(*painter, option->rect, Line(option->palette, kFrameInk));
+  } else if (const auto* tabs = qstyleoption_cast<const QStyleOptionTabWidgetFrame*>(option);
+             element == PE_FrameTabWidget && tabs != nullptr) {
+    DrawTabFrame(*painter, *tabs);
   } else if (element == PE_FrameWindow) {
     DrawBox(*painter, option->rect, Line(option->palette, kWindowInk));
   } else if (IsLockedField(element, *option, widget)) {
@@ -189,6 +192,19 @@ void ProgramStyle::drawComplexControl(ComplexControl control, const QStyleOption
     DrawTitleButton(*painter, *bar, button, place);
   }
   painter->restore();
+}
+
+void ProgramStyle::DrawTabFrame(QPainter& painter, const QStyleOptionTabWidgetFrame& tabs) const {
+  // The toolkit's frame gives the ground, in the colour of the tab in front; its lines fall
+  // outside.
+  constexpr int kLines = 4;
+  QStyleOptionTabWidgetFrame ground(tabs);
+  ground.rect = tabs.rect.adjusted(-kLines, -kLines, kLines, kLines);
+  painter.save();
+  painter.setClipRect(tabs.rect, Qt::IntersectClip);
+  QProxyStyle::drawPrimitive(PE_FrameTabWidget, &ground, &painter, nullptr);
+  painter.restore();
+  DrawBox(painter, tabs.rect, Line(tabs.palette, kReadingInk));
 }
 
 QRect ProgramStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option,

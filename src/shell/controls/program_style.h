@@ -2,6 +2,8 @@
 
 #include <QProxyStyle>
 
+class QStyleOptionTabWidgetFrame;
+
 namespace sorvane {
 
 // The one style of the program, on every desktop: Qt's Fusion, with the room between things taken
@@ -21,8 +23,8 @@ class ProgramStyle : public QProxyStyle {
                   const QWidget* widget) const override;
 
   // Hairlines around what belongs together and around child windows, seen on light and dark alike;
-  // the same around what can only be read: a list, a label with a panel's frame, and a locked field,
-  // which has no ground of its own.
+  // the same around what can only be read: a list, a label with a panel's frame, and a locked
+  // field, which has no ground of its own.
   void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override;
 
@@ -36,6 +38,10 @@ class ProgramStyle : public QProxyStyle {
   // The title of a frame stands above it; a frame without one keeps no room for it.
   QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
                        const QWidget* widget) const override;
+
+ private:
+  // The ground of what lies behind tabs, with a line around it.
+  void DrawTabFrame(QPainter& painter, const QStyleOptionTabWidgetFrame& tabs) const;
 };
 
 }  // namespace sorvane

@@ -11,6 +11,7 @@
 #include <QPainter>
 #include <QPalette>
 #include <QStyleOption>
+#include <QTabBar>
 #include <QTest>
 #include <QWidget>
 #include <utility>
@@ -208,6 +209,22 @@ TEST_F(ProgramStyleTest, EveryFrameIsAsWideOnAllSidesAt125Percent) {
       if (shape >= 2) style.drawControl(QStyle::CE_ShapedFrame, &option, &painter, nullptr);
       EXPECT_EQ(Sides(picture, {30, 30}), std::vector<int>(4, 1)) << shape << " at " << at;
     }
+  }
+}
+
+TEST_F(ProgramStyleTest, TheFrameBehindTabsIsAsWideOnAllSidesAt125Percent) {
+  for (int at = 4; at <= 7; ++at) {
+    QStyleOptionTabWidgetFrame option;
+    option.rect = QRect(at, at, 40, 40 + at);
+    option.lineWidth = 1;
+    option.shape = QTabBar::RoundedNorth;
+    QImage picture(100, 100, QImage::Format_RGB32);
+    picture.setDevicePixelRatio(1.25);
+    picture.fill(Qt::blue);
+    QPainter painter(&picture);
+    style.drawPrimitive(QStyle::PE_FrameTabWidget, &option, &painter, nullptr);
+    EXPECT_NE(picture.pixelColor(30, 30), QColor(Qt::blue));
+    EXPECT_EQ(Sides(picture, {30, 30}), std::vector<int>(4, 1)) << at;
   }
 }
 
