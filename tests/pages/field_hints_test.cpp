@@ -26,36 +26,41 @@ constexpr const char* kAmount = "0.00 \u2013 655.35";
 constexpr const char* kByBarAlone = "changed by the bar alone";
 constexpr const char* kNotConfirmed = "not confirmed by the board yet";
 
-template <const char* const& kForm, const char* const& kEntry>
-struct HintsOn : PageTest {
-  HintsOn() : PageTest(kForm, kEntry, kPoint) {
+struct HintTest : PageTest {
+  HintTest(const char* name, const char* entry) : PageTest(name, entry, kPoint), form(name) {
     program.link.SetBoardNumber(2, 10);
     program.link.SetBoardNumber(22, 2);
     program.link.SetBoardNumber(56, 9);
     program.link.SetBoardNumber(57, 5);
     for (int i = 0; i < 10; ++i) program.link.SetBoard(12 + i, {'I'});
   }
-  std::string Hint(const QString& control) { return HintAt(program.Find(kForm, control)); }
+
+  std::string Hint(const QString& control) { return HintAt(program.Find(form, control)); }
   void Expect(std::initializer_list<HintRow> rows) {
     for (const HintRow& row : rows) EXPECT_EQ(Hint(row.field), row.hint) << row.field;
   }
+  bool IsConfirmed(const QString& field) {
+    return program.Find(form, field).property("confirmed").toBool();
+  }
+
+  const QString form;
 };
 
-constexpr const char* kSconti = "FrmSconti";
-constexpr const char* kMnuSconti = "MnuSconti";
-using DiscountHints = HintsOn<kSconti, kMnuSconti>;
-constexpr const char* kImposta = "FrmImposta";
-constexpr const char* kMnuImposta = "MnuImpostazioni";
-using SettingsHints = HintsOn<kImposta, kMnuImposta>;
-constexpr const char* kColonne = "FrmColonnaProd";
-constexpr const char* kMnuColonne = "MnuColonne";
-using ColumnHints = HintsOn<kColonne, kMnuColonne>;
-constexpr const char* kOrologio = "FrmOrologio";
-constexpr const char* kMnuOrologio = "MnuOrologio";
-using ClockHints = HintsOn<kOrologio, kMnuOrologio>;
-constexpr const char* kPagamento = "FrmPagamento";
-constexpr const char* kMnuPagamento = "MnuPagamento";
-using PaymentHints = HintsOn<kPagamento, kMnuPagamento>;
+struct DiscountHints : HintTest {
+  DiscountHints() : HintTest("FrmSconti", "MnuSconti") {}
+};
+struct SettingsHints : HintTest {
+  SettingsHints() : HintTest("FrmImposta", "MnuImpostazioni") {}
+};
+struct ColumnHints : HintTest {
+  ColumnHints() : HintTest("FrmColonnaProd", "MnuColonne") {}
+};
+struct ClockHints : HintTest {
+  ClockHints() : HintTest("FrmOrologio", "MnuOrologio") {}
+};
+struct PaymentHints : HintTest {
+  PaymentHints() : HintTest("FrmPagamento", "MnuPagamento") {}
+};
 
 TEST_F(DiscountHints, AmountsHaveTheRangeOfTheirBarWithTheDecimals) {
   OpenUnanswered();
@@ -151,36 +156,35 @@ TEST_F(PaymentHints, TheGreyLabelOfALivingSwitchSaysSo) {
 TEST_F(DiscountHints, WhatIsTypedIsNotConfirmedUntilTheBoardAnswers) {
   Open();
   auto& field = program.Find("FrmSconti", "Text1(2)");
-  EXPECT_TRUE(field.property("confirmed").toBool());
+  EXPECT_TRUE(IsConfirmed("Text1(2)"));
   Type("Text1(2)", "0.7");
-  EXPECT_FALSE(field.property("confirmed").toBool());
+  EXPECT_FALSE(IsConfirmed("Text1(2)"));
   const std::string lines = std::string(kAmount) + "\n" + kNotConfirmed;
   EXPECT_EQ(field.accessibleDescription().toStdString(), lines);
   EXPECT_EQ(HintAt(field), lines);
   program.Sweep();
   EXPECT_EQ(Text("Text1(2)"), "0.70");
-  EXPECT_TRUE(field.property("confirmed").toBool());
+  EXPECT_TRUE(IsConfirmed("Text1(2)"));
   EXPECT_EQ(field.accessibleDescription().toStdString(), kAmount);
 }
 
 TEST_F(DiscountHints, AnAmountThatIsNotAnsweredYetIsNotConfirmed) {
   OpenUnanswered();
   AskAgain(22);  // draws all of them, from whatever the table holds
-  EXPECT_FALSE(program.Find("FrmSconti", "Text1(9)").property("confirmed").toBool());
+  EXPECT_FALSE(IsConfirmed("Text1(9)"));
   program.Sweep();
-  EXPECT_TRUE(program.Find("FrmSconti", "Text1(9)").property("confirmed").toBool());
+  EXPECT_TRUE(IsConfirmed("Text1(9)"));
 }
 
 TEST_F(PaymentHints, AValueThatIsShownAtOnceIsNotConfirmedEither) {
   Open();
-  auto& field = program.Find("FrmPagamento", "Text5(0)");
   Type("Text5(0)", "007");
   EXPECT_EQ(Text("Text5(0)"), "7");
-  EXPECT_FALSE(field.property("confirmed").toBool());
+  EXPECT_FALSE(IsConfirmed("Text5(0)"));
   program.Find("FrmPagamento", "Text5(2)").setFocus();
-  EXPECT_FALSE(field.property("confirmed").toBool()) << "its own loss of the focus is no answer";
+  EXPECT_FALSE(IsConfirmed("Text5(0)")) << "its own loss of the focus is no answer";
   program.Sweep();
-  EXPECT_TRUE(field.property("confirmed").toBool());
+  EXPECT_TRUE(IsConfirmed("Text5(0)"));
 }
 
 TEST_F(PaymentHints, AValueThatStandsAlreadyIsConfirmedAtOnce) {
@@ -188,7 +192,7 @@ TEST_F(PaymentHints, AValueThatStandsAlreadyIsConfirmedAtOnce) {
   Open();
   Type("Text5(0)", "07");
   EXPECT_EQ(Text("Text5(0)"), "7");
-  EXPECT_TRUE(program.Find("FrmPagamento", "Text5(0)").property("confirmed").toBool());
+  EXPECT_TRUE(IsConfirmed("Text5(0)"));
 }
 
 TEST_F(PaymentHints, ANoughtThatTheBarDoesNotTakeIsNeverConfirmed) {
@@ -197,26 +201,25 @@ TEST_F(PaymentHints, ANoughtThatTheBarDoesNotTakeIsNeverConfirmed) {
   Type("Text5(2)", "0");
   program.Sweep();
   EXPECT_EQ(Text("Text5(2)"), "0");
-  EXPECT_FALSE(program.Find("FrmPagamento", "Text5(2)").property("confirmed").toBool());
+  EXPECT_FALSE(IsConfirmed("Text5(2)"));
 }
 
 TEST_F(PaymentHints, WhatIsTypedAtACoinStaysUnconfirmedUntilTheBoardAnswersIt) {
   program.link.SetBoardNumber(71, 1);
   Open();
   program.Find<TabPages>("FrmPagamento", "SSTab2").SetFront(2);
-  auto& field = program.Find("FrmPagamento", "Text4(0)");
   Type("Text4(0)", "5");
-  EXPECT_FALSE(field.property("confirmed").toBool());
+  EXPECT_FALSE(IsConfirmed("Text4(0)"));
   AskAgain(parameter::kCoinValues);
-  EXPECT_TRUE(field.property("confirmed").toBool());
+  EXPECT_TRUE(IsConfirmed("Text4(0)"));
 }
 
 TEST_F(SettingsHints, AMachineNumberIsNotConfirmedUntilTheBoardAnswers) {
   Open();
   Type("Text1(7)", "123");
-  EXPECT_FALSE(program.Find("FrmImposta", "Text1(7)").property("confirmed").toBool());
+  EXPECT_FALSE(IsConfirmed("Text1(7)"));
   program.Sweep();
-  EXPECT_TRUE(program.Find("FrmImposta", "Text1(7)").property("confirmed").toBool());
+  EXPECT_TRUE(IsConfirmed("Text1(7)"));
 }
 
 TEST(ItalianHints, StandInAnItalianProgram) {

@@ -1,5 +1,3 @@
--- What a how-to's Markdown needs to become a page.
-
 -- The texts that become pages, by where they stand below the folder of the documents or that of the sources.
 local pages = {
   ["README.md"] = "index",
@@ -20,10 +18,4 @@ function Link(link)
   if not pages[place] then return link.content end
   link.target = pages[place] .. ".html" .. anchor
   return link
-end
-
--- The first heading is the page's title.
-function Pandoc(document)
-  document.meta.title = document.blocks:remove(1).content
-  return document
 end
