@@ -17,6 +17,7 @@ BARS = range(12, 60)
 BUTTON = 30
 BUTTON_HEIGHT = 12
 TABLE = 300
+LINE = 200  # the lightest that a line around a table is
 NARROWEST = 20
 HEIGHTS = range(12, 33)
 
@@ -193,7 +194,10 @@ def table(picture):
     if not wide:
         return []
     left, right = wide[0][1:]
-    body = picture.crop((left, wide[0][0], right, wide[-1][0] + 1))
+    bottom = wide[-1][0] + 1
+    while min(picture.getpixel((left, bottom))) > LINE:  # each second row is a little darker
+        bottom += 1
+    body = picture.crop((left, wide[0][0], right, bottom))
     ink = ink_by_rows(body, 1)
     return [[Line(ink.crop((start, top, end, bottom)), alphabet)
              for (start, end), alphabet in zip(columns(row, 10), (NUMBER, NUMBER, NUMBER, ""))]
