@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QFont>
 #include <QtPlugin>
 #include <cstdio>
 
@@ -32,6 +33,10 @@ int main(int argc, char** argv) {
   QApplication app(argc, argv);
   QApplication::setApplicationName("Sorvane");
   QApplication::setStyle(new sorvane::ProgramStyle);
+  // Of the fonts in the folder each system would take another one.
+  QFont letters = QApplication::font();
+  letters.setFamily("DejaVu Sans");
+  QApplication::setFont(letters);
   QApplication::setQuitOnLastWindowClosed(false);
   testing::InitGoogleMock(&argc, argv);
   const int result = RUN_ALL_TESTS();
