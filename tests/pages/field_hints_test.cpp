@@ -58,6 +58,9 @@ struct ColumnHints : HintTest {
 struct ClockHints : HintTest {
   ClockHints() : HintTest("FrmOrologio", "MnuOrologio") {}
 };
+struct PasswordHints : HintTest {
+  PasswordHints() : HintTest("FrmPassword", "MnuPassword") {}
+};
 struct PaymentHints : HintTest {
   PaymentHints() : HintTest("FrmPagamento", "MnuPagamento") {}
 };
@@ -151,6 +154,16 @@ TEST_F(PaymentHints, TheGreyLabelOfALivingSwitchSaysSo) {
   BoardSays(71, 3);
   EXPECT_TRUE(IsEnabled("SwitchX2(2)"));
   EXPECT_EQ(Hint("LabelMess1(20)"), "grey, but its switch works");
+}
+
+TEST_F(PasswordHints, ADigitIsNotConfirmedUntilTheBoardAnswersIt) {
+  Open();
+  EXPECT_EQ(Hint("Text1(3)"), "0 \u2013 9");
+  Type("Text1(3)", "7");
+  EXPECT_EQ(Hint("Text1(3)"), std::string("0 \u2013 9\n") + kNotConfirmed);
+  Wait(600);
+  program.Sweep();
+  EXPECT_EQ(Hint("Text1(3)"), "0 \u2013 9");
 }
 
 TEST_F(DiscountHints, WhatIsTypedIsNotConfirmedUntilTheBoardAnswers) {

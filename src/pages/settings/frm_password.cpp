@@ -11,6 +11,7 @@
 #include "board/numbers.h"
 #include "board/parameter.h"
 #include "board/reply.h"
+#include "shell/controls/control_hint.h"
 #include "shell/controls/entry_box.h"
 #include "shell/controls/toggle.h"
 #include "shell/page/page_sizes.h"
@@ -54,6 +55,11 @@ void FrmPassword::AddDigits() {
     box->setAlignment(Qt::AlignCenter);
     box->setFixedWidth(page_size::Pixels(page_size::kDigitBox, *this));
     box->on_enter = [this, i] { OnEnter(i); };
+    auto* hint = new ControlHint(Gate(), *box, [this, box] {
+      const QString digits = "0 \u2013 9";
+      return box->IsConfirmed() ? digits : digits + '\n' + HintOf(Hint::kNotConfirmed);
+    });
+    box->on_standing = [hint] { hint->Update(); };
     digits_.at(static_cast<std::size_t>(i)) = box;
   }
 }
