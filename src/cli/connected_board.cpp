@@ -2,6 +2,7 @@
 
 #include <QCryptographicHash>
 #include <algorithm>
+#include <array>
 
 #include "board/errors.h"
 #include "board/parameter.h"
@@ -10,6 +11,16 @@
 
 namespace sorvane::cli {
 namespace {
+
+// Who the machine is, and how it draws amounts: what is read before all values, in one piece with
+// them, since a wait ends each piece.
+struct HeadPlace {
+  int32_t number;
+  const char* name;
+};
+constexpr std::array kHead = {HeadPlace{parameter::kMachineNumber, "machine.number"},
+                              HeadPlace{parameter::kLocationNumber, "location.number"},
+                              HeadPlace{parameter::kDecimals, "decimals"}};
 
 std::string OneLine(std::string words) {
   std::ranges::replace(words, '\n', ' ');
@@ -21,6 +32,10 @@ std::string SumOf(const std::filesystem::path& file) {
   const QByteArray bytes =
       QByteArray::fromRawData(text.data(), static_cast<qsizetype>(text.size()));
   return QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex().toStdString();
+}
+
+int DecimalsOf(const Bytes& raw) {
+  return static_cast<int>(std::min<uint32_t>(NumberOf(raw), 255));
 }
 
 }  // namespace
@@ -90,7 +105,7 @@ NumberStyle ConnectedBoard::Style() {
   if (!decimals_) {
     const auto raw = TryRead(parameter::kDecimals, "decimals");
     if (!raw) throw Failure(ExitCode::kNoBoard, "the board doesn't answer for its decimals");
-    decimals_ = static_cast<int>(std::min<uint32_t>(NumberOf(*raw), 255));
+    decimals_ = DecimalsOf(*raw);
   }
   return {.decimals = *decimals_, .mark = request_.Mark()};
 }
@@ -104,31 +119,23 @@ Snapshot ConnectedBoard::Take(std::span<const CatalogueEntry* const> entries, co
                     .revision = session_.Revision(),
                     .index_file = session_.IndexName(),
                     .index_sum = SumOf(around_.index_folder / session_.IndexName()),
-                    .machine = NumberOf(Read(*catalogue_.Find(parameter::kMachineNumber))),
-                    .location = NumberOf(Read(*catalogue_.Find(parameter::kLocationNumber))),
-                    .decimals = Style().decimals,
                     .complete = true,
                     .values = {}};
-  std::vector<Place> places;
-  for (const CatalogueEntry* entry : entries) {
-    if (!Has(*entry)) continue;
-    places.push_back({entry, entry->number, entry->name});
-    const bool copy = taking.mirrors && session_.SizeOf(entry->mirror) != 0;
-    if (copy) places.push_back({entry, entry->mirror, MirrorName(*entry)});
-  }
-  std::ranges::sort(places, {}, &Place::number);
+  const std::vector<Place> places = PlacesOf(entries, taking.mirrors);
   std::size_t done = 0;
   while (done < places.size()) {
     CheckGoesOn();
     console.ShowProgress("reading", static_cast<int>(done), static_cast<int>(places.size()));
     const std::size_t count = std::min(Session::kAtOnce, places.size() - done);
-    const auto wanted = std::span(places).subspan(done, count);
-    const std::size_t answered = Keep(wanted, snapshot);
+    std::vector<int32_t> numbers;
+    for (std::size_t i = 0; i < count; ++i) numbers.push_back(places[done + i].number);
+    const std::vector<Bytes> values = session_.Read(numbers);
     CheckTrace();
-    done += answered;
-    if (answered == count) continue;
+    for (const Bytes& raw : values) Keep(places, done++, raw, snapshot);
+    if (values.size() == count) continue;
     const std::string words = "the board doesn't answer for " + places[done].name;
-    if (!taking.partial || session_.IsLost()) throw Failure(ExitCode::kNoBoard, words);
+    const bool can_miss = taking.partial && done >= kHead.size();
+    if (!can_miss || session_.IsLost()) throw Failure(ExitCode::kNoBoard, words);
     console.Complain(words);
     snapshot.complete = false;
     ++done;
@@ -136,18 +143,43 @@ Snapshot ConnectedBoard::Take(std::span<const CatalogueEntry* const> entries, co
   return snapshot;
 }
 
-std::size_t ConnectedBoard::Keep(std::span<const Place> places, Snapshot& snapshot) {
-  std::vector<int32_t> numbers;
-  for (const Place& place : places) numbers.push_back(place.number);
-  std::vector<Bytes> values = session_.Read(numbers);
-  for (std::size_t i = 0; i < values.size(); ++i) {
-    const Place& place = places[i];
+std::vector<ConnectedBoard::Place> ConnectedBoard::PlacesOf(
+    std::span<const CatalogueEntry* const> entries, bool mirrors) const {
+  std::vector<Place> places;
+  for (const CatalogueEntry* entry : entries) {
+    if (!Has(*entry)) continue;
+    places.push_back({entry, entry->number, entry->name});
+    const bool copy = mirrors && session_.SizeOf(entry->mirror) != 0;
+    if (copy) places.push_back({entry, entry->mirror, MirrorName(*entry)});
+  }
+  std::ranges::sort(places, {}, &Place::number);
+  std::vector<Place> head;
+  for (const auto& [number, name] : kHead) {
+    if (session_.SizeOf(number) == 0) {
+      throw Failure(ExitCode::kWrongBoard, std::string("this board has no ") + name);
+    }
+    head.push_back({nullptr, number, name});
+  }
+  places.insert(places.begin(), head.begin(), head.end());
+  return places;
+}
+
+void ConnectedBoard::Keep(std::span<const Place> places, std::size_t i, const Bytes& raw,
+                          Snapshot& snapshot) {
+  const Place& place = places[i];
+  if (i >= kHead.size()) {
     snapshot.values.push_back({.number = place.number,
                                .name = place.name,
-                               .raw = values[i],
-                               .shown = ShownValue(*place.entry, values[i], snapshot.Style('.'))});
+                               .raw = raw,
+                               .shown = ShownValue(*place.entry, raw, snapshot.Style('.'))});
+  } else if (place.number == parameter::kMachineNumber) {
+    snapshot.machine = NumberOf(raw);
+  } else if (place.number == parameter::kLocationNumber) {
+    snapshot.location = NumberOf(raw);
+  } else {
+    decimals_ = DecimalsOf(raw);
+    snapshot.decimals = *decimals_;
   }
-  return values.size();
 }
 
 std::vector<const CatalogueEntry*> ChosenEntries(

@@ -67,14 +67,17 @@ class ConnectedBoard {
 
   // A parameter, or the second copy of one.
   struct Place {
-    const CatalogueEntry* entry;
+    const CatalogueEntry* entry;  // null in the head of a snapshot
     int32_t number;
     std::string name;
   };
 
-  // Adds the values of a few parameters to a snapshot, up to the first that the board doesn't
-  // answer. Gives how many.
-  std::size_t Keep(std::span<const Place> places, Snapshot& snapshot);
+  // Where the values of entries stand, by their numbers, behind those of the snapshot's head.
+  // Throws Failure kWrongBoard where the index file lacks one of the head's.
+  std::vector<Place> PlacesOf(std::span<const CatalogueEntry* const> entries, bool mirrors) const;
+
+  // Puts the value of place i into the snapshot.
+  void Keep(std::span<const Place> places, std::size_t i, const Bytes& raw, Snapshot& snapshot);
 
   std::optional<Bytes> TryRead(int32_t number, const std::string& name);
   // Throws Failure kInterrupted where the person wants the end.
