@@ -85,7 +85,7 @@ TEST_F(SettingsHints, NumbersHaveTheirRangeAndUnit) {
           {"Text1(6)", "1 \u2013 30 min"},
           {"Text1(7)", "1 \u2013 16777215"},
           {"Text1(8)", "1 \u2013 65535"},
-          {"HScroll1(0)", ""},
+          {"HScroll1(0)", kByBarAlone},
           {"HScroll1(3)", "0 \u2013 16 \u00B0C"}});
 }
 

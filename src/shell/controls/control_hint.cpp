@@ -13,15 +13,17 @@ ControlHint::ControlHint(ProgramGate& gate, QWidget& control, Words words)
   control.installEventFilter(this);
 }
 
-void ControlHint::Update() {
+void ControlHint::Cover(QWidget& other) { other.installEventFilter(this); }
+
+void ControlHint::Tell(QWidget& control) {
   const QString words = words_();
-  control_.setToolTip(words);
-  control_.setAccessibleDescription(words);
+  control.setToolTip(words);
+  control.setAccessibleDescription(words);
 }
 
-bool ControlHint::eventFilter(QObject*, QEvent* event) {
+bool ControlHint::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::ToolTip || event->type() == QEvent::FocusIn) {
-    gate_.Run([this] { Update(); });
+    gate_.Run([&] { Tell(static_cast<QWidget&>(*watched)); });
   }
   return false;
 }

@@ -19,13 +19,18 @@ class ControlHint : public QObject {
 
   ControlHint(ProgramGate& gate, QWidget& control, Words words);
 
+  // Has another control explain itself by the same words; it must live as long.
+  void Cover(QWidget& other);
+
   // The words have changed while the control may be looked at.
-  void Update();
+  void Update() { Tell(control_); }
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  void Tell(QWidget& control);
+
   ProgramGate& gate_;
   QWidget& control_;
   Words words_;

@@ -37,9 +37,9 @@ Field::Field(Page& page, QWidget& parent, const FieldRow& row, int index, FieldS
     bar_->SetSpokenOffset(row.positions.offset);
     if (row.positions.start) bar_->SetPosition(*row.positions.start);
     bar_->on_change = [this] { OnBarChange(); };
-    new ControlHint(page.Gate(), *bar_, [this] { return Range(); });
   }
   auto* hint = new ControlHint(page.Gate(), *box_, [this] { return HintLines(); });
+  if (bar_ != nullptr) hint->Cover(*bar_);
   box_->on_standing = [hint] { hint->Update(); };
 }
 
