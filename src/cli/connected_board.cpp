@@ -90,7 +90,7 @@ std::optional<Bytes> ConnectedBoard::TryRead(int32_t number, const std::string& 
   if (session_.SizeOf(number) == 0) {
     throw Failure(ExitCode::kWrongBoard, "this board has no " + name);
   }
-  const auto raw = session_.Read(number);
+  auto raw = session_.Read(number);
   CheckTrace();
   return raw;
 }

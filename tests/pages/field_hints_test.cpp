@@ -1,3 +1,4 @@
+#include <QApplication>
 #include <QHelpEvent>
 #include <QTabBar>
 #include <array>

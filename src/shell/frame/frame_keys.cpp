@@ -22,7 +22,7 @@ void PressAlt(QMainWindow& frame) {
 }  // namespace
 
 void AddFrameKeys(ProgramGate& gate, QMainWindow& frame, QMdiArea& area,
-                  std::function<void()> show_manual) {
+                  const std::function<void()>& show_manual) {
   const auto add = [&](const QKeySequence& key, auto action) {
     // A key with two meanings would have none; a child window may close by this one already.
     if (QKeySequence::keyBindings(QKeySequence::Close).contains(key)) return;

@@ -13,6 +13,6 @@ class ProgramGate;
 // goes to the menu bar and back, Ctrl+F6 and Ctrl+Shift+F6 to the next and the previous child
 // window, Ctrl+F4 closes the one in front. F1 and the key for help show the manual.
 void AddFrameKeys(ProgramGate& gate, QMainWindow& frame, QMdiArea& area,
-                  std::function<void()> show_manual);
+                  const std::function<void()>& show_manual);
 
 }  // namespace sorvane
