@@ -19,25 +19,27 @@ QStringList Captions(const QList<QAction*>& actions) {
   return captions;
 }
 
-TEST(WindowsMenu, ListsTheOpenPagesByNumberWithTheFrontOneChecked) {
+// The discounts with the info page in front of them, and the list open.
+struct TwoPages : testing::Test {
+  TwoPages() {
+    program.Connect();
+    program.Open("MnuSconti");
+    program.Choose("mnuVer");
+    menu = program.frame->findChild<QMenu*>("mnuWL");
+    emit menu->aboutToShow();
+  }
+
   Program program;
-  program.Connect();
-  program.Open("MnuSconti");
-  program.Choose("mnuVer");
-  auto* menu = program.frame->findChild<QMenu*>("mnuWL");
-  emit menu->aboutToShow();
+  QMenu* menu = nullptr;
+};
+
+TEST_F(TwoPages, AreListedByNumberWithTheFrontOneChecked) {
   EXPECT_EQ(Captions(menu->actions()), (QStringList{"&1 Alfa 4", "&2 Info"}));
   EXPECT_FALSE(menu->actions()[0]->isChecked());
   EXPECT_TRUE(menu->actions()[1]->isChecked());
 }
 
-TEST(WindowsMenu, BringsAPageToTheFront) {
-  Program program;
-  program.Connect();
-  program.Open("MnuSconti");
-  program.Choose("mnuVer");
-  auto* menu = program.frame->findChild<QMenu*>("mnuWL");
-  emit menu->aboutToShow();
+TEST_F(TwoPages, ComeToTheFrontByTheirEntries) {
   menu->actions()[0]->trigger();
   auto* area = program.frame->findChild<QMdiArea*>();
   EXPECT_EQ(area->activeSubWindow()->widget()->objectName(), "FrmSconti");

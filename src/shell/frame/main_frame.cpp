@@ -35,16 +35,20 @@ constexpr int kFrameLines = 51;
 }  // namespace
 
 MainFrame::MainFrame(Outside outside)
-    : out_(std::move(outside)), choices_(out_.settings_file), services_{out_.tables,
-                                                                        out_.access,
-                                                                        choices_.messages,
-                                                                        out_.gate,
-                                                                        out_.dialogs,
-                                                                        out_.separators,
-                                                                        out_.locale,
-                                                                        out_.make_timer,
-                                                                        out_.now,
-                                                                        [this] { return choices_.IsItalian(); }} {
+    : out_(std::move(outside)),
+      choices_(out_.settings_file),
+      services_({
+          .tables = out_.tables,
+          .access = out_.access,
+          .messages = choices_.messages,
+          .gate = out_.gate,
+          .dialogs = out_.dialogs,
+          .separators = out_.separators,
+          .locale = out_.locale,
+          .make_timer = out_.make_timer,
+          .now = out_.now,
+          .italian = [this] { return choices_.IsItalian(); },
+      }) {
   setObjectName("MDIForm1");
   auto* area = new Background(this);
   setCentralWidget(area);
